@@ -1,0 +1,178 @@
+#include "bank_compiler/command_line.h"
+
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "bank_compiler/rules.h"
+#include "bank_compiler/writer.h"
+
+namespace practice::compiler {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view usage =
+    "bank_compiler --exam EXAM --banks FOLDER --content FOLDER --output FILE [--depfile FILE]\n"
+    "  writes the banks of an exam as C++ tables\n"
+    "bank_compiler --check ROOT\n"
+    "  checks the banks of all exams under ROOT/data and lists what is still to be written\n";
+
+using Options = std::map<std::string_view, std::string_view>;
+
+// Empty when something is no option, has no value or stands twice.
+Options options_in(std::span<const std::string_view> arguments) {
+  if (arguments.size() % 2 != 0) return {};
+  Options options;
+  for (std::size_t i = 0; i < arguments.size(); i += 2) {
+    if (!arguments[i].starts_with("--") || arguments[i + 1].empty()) return {};
+    if (!options.try_emplace(arguments[i], arguments[i + 1]).second) return {};
+  }
+  return options;
+}
+
+ContentFiles files_in(const fs::path& folder) {
+  ContentFiles files;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    std::error_code no_file;
+    if (entry->is_regular_file(no_file)) files.insert(entry->path().filename().string());
+  }
+  return files;
+}
+
+fs::path bank_file(const fs::path& folder, BankKind kind) {
+  return folder / std::string(name_of(kind)).append(".toml");
+}
+
+ExamSource read_exam(const fs::path& banks, Faults& faults) {
+  return {.book = read_bank(bank_file(banks, BankKind::book), BankKind::book, faults),
+          .extra = read_bank(bank_file(banks, BankKind::extra), BankKind::extra, faults),
+          .full = read_bank(bank_file(banks, BankKind::full), BankKind::full, faults)};
+}
+
+void print(Faults& faults, std::ostream& err) {
+  sort_by_place(faults);
+  for (const Fault& fault : faults) err << to_text(fault) << '\n';
+}
+
+bool write_file(const fs::path& file, const std::string& text, std::ostream& err) {
+  std::error_code error;
+  if (file.has_parent_path()) fs::create_directories(file.parent_path(), error);
+  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+  stream << text;
+  stream.close();
+  if (stream) return true;
+  err << file.generic_string() << ": the file can not be written\n";
+  return false;
+}
+
+// The form that make reads: blanks, "#" and "$" are escaped.
+std::string in_depfile(const fs::path& file) {
+  std::string text;
+  std::error_code error;
+  const fs::path full = fs::absolute(file, error);
+  for (const char c : (error ? file : full).lexically_normal().generic_string()) {
+    if (c == ' ' || c == '#') text += '\\';
+    if (c == '$') text += '$';
+    text += c;
+  }
+  return text;
+}
+
+// Every file whose loss or change can change the outcome.
+std::string depfile_text(const fs::path& output, const fs::path& banks, const fs::path& content,
+                         const ContentFiles& files) {
+  std::string text = in_depfile(output) + ":";
+  for (const BankKind kind : {BankKind::book, BankKind::extra, BankKind::full}) {
+    text += " \\\n  " + in_depfile(bank_file(banks, kind));
+  }
+  for (const std::string& file : files) text += " \\\n  " + in_depfile(content / file);
+  return text + "\n";
+}
+
+int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
+  const fs::path banks = options.at("--banks");
+  const fs::path content = options.at("--content");
+  const fs::path output = options.at("--output");
+  Faults faults;
+  Shortfalls shortfalls;
+  const ContentFiles files = files_in(content);
+  const ExamSource exam = read_exam(banks, faults);
+  check_exam(exam, plan, files, faults, shortfalls);
+  if (!faults.empty()) {
+    print(faults, err);
+    // A table from before the fault must not pass for the present one.
+    std::error_code error;
+    if (fs::is_regular_file(output, error)) fs::remove(output, error);
+    return 1;
+  }
+  if (!write_file(output, write_tables(exam, plan), err)) return 1;
+  const auto depfile = options.find("--depfile");
+  if (depfile == options.end()) return 0;
+  return write_file(depfile->second, depfile_text(output, banks, content, files), err) ? 0 : 1;
+}
+
+int check(const fs::path& root, std::ostream& out, std::ostream& err) {
+  Faults faults;
+  Shortfalls shortfalls;
+  std::vector<ExamSource> exams;
+  std::size_t rows = 0;
+  for (const ExamPlan& plan : plans) {
+    const fs::path banks = (root / "data" / "banks" / plan.exam).lexically_normal();
+    exams.push_back(read_exam(banks, faults));
+    check_exam(exams.back(), plan, files_in(root / "data" / "exams" / plan.exam), faults,
+               shortfalls);
+    rows += exams.back().book.rows.size() + exams.back().extra.rows.size();
+  }
+  check_simulator_counts(exams, faults, shortfalls);
+  print(faults, err);
+  for (const std::string& shortfall : shortfalls) out << shortfall << '\n';
+  out << 3 * exams.size() << " banks, " << rows << " rows, ";
+  if (faults.empty()) {
+    out << "no rule broken\n";
+  } else {
+    out << faults.size() << (faults.size() == 1 ? " fault\n" : " faults\n");
+  }
+  return faults.empty() ? 0 : 1;
+}
+
+int run_options(const Options& options, std::ostream& out, std::ostream& err) {
+  if (options.size() == 1 && options.contains("--check")) {
+    return check(options.at("--check"), out, err);
+  }
+  const bool complete = options.contains("--exam") && options.contains("--banks") &&
+                        options.contains("--content") && options.contains("--output");
+  if (!complete || options.size() > (options.contains("--depfile") ? 5u : 4u)) {
+    err << usage;
+    return 2;
+  }
+  const ExamPlan* plan = plan_of(options.at("--exam"));
+  if (plan == nullptr) {
+    err << "no such exam: " << options.at("--exam") << '\n' << usage;
+    return 2;
+  }
+  return compile(*plan, options, err);
+}
+
+}  // namespace
+
+int run(std::span<const std::string_view> arguments, std::ostream& out, std::ostream& err) {
+  if (arguments.size() == 1 && arguments[0] == "--help") {
+    out << usage;
+    return 0;
+  }
+  try {
+    return run_options(options_in(arguments), out, err);
+  } catch (const std::exception& fault) {
+    err << "bank_compiler: " << fault.what() << '\n';
+    return 1;
+  }
+}
+
+}  // namespace practice::compiler

@@ -1,0 +1,43 @@
+# Run as: cmake -DROOT=<source> -DSTAMP=<file> -P CheckLayers.cmake
+#
+# What the include roots of the rooms can not tell: the core names no Qt header, and no header of a
+# screen includes the header of another.
+cmake_minimum_required(VERSION 3.25)
+set(core platform bank session run results setup shell saver)
+set(screen_headers)
+set(faults)
+
+foreach(room IN LISTS core)
+  file(GLOB_RECURSE files ${ROOT}/${room}/*.h ${ROOT}/${room}/*.cpp)
+  foreach(file IN LISTS files)
+    file(STRINGS ${file} qt REGEX "^ *# *include +<(Q[A-Z]|Qt)")
+    if(qt)
+      list(APPEND faults "${file}: the core includes Qt: ${qt}")
+    endif()
+    file(STRINGS ${file} screen REGEX "public Screen")
+    if(screen AND file MATCHES "/include/(.*)$")
+      list(APPEND screen_headers ${CMAKE_MATCH_1})
+    endif()
+  endforeach()
+endforeach()
+
+foreach(header IN LISTS screen_headers)
+  string(REGEX REPLACE "/.*" "" room ${header})
+  file(STRINGS ${ROOT}/${room}/include/${header} includes REGEX "^ *# *include +\"")
+  foreach(line IN LISTS includes)
+    string(REGEX REPLACE ".*\"(.*)\".*" "\\1" included ${line})
+    if(included IN_LIST screen_headers)
+      list(APPEND faults "${room}/include/${header}: a screen includes a screen: ${included}")
+    endif()
+  endforeach()
+endforeach()
+
+list(LENGTH screen_headers count)
+if(count EQUAL 0)
+  list(APPEND faults "no screen was found, so nothing was checked")
+endif()
+if(faults)
+  list(JOIN faults "\n" text)
+  message(FATAL_ERROR "${text}")
+endif()
+file(TOUCH ${STAMP})

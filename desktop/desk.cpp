@@ -1,0 +1,166 @@
+#include "desk.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QScreen>
+#include <iostream>
+
+#include "page_view/page_view.h"
+#include "platform/values/fault.h"
+#include "screen_window.h"
+#include "session/forms.h"
+#include "text.h"
+
+namespace practice::desktop {
+namespace {
+
+constexpr double twips_per_inch = 1440;
+
+bool ask_for_a_printer(QPrinter& printer) {
+  QPrintDialog dialog(&printer, QApplication::activeWindow());
+  return dialog.exec() == QDialog::Accepted;
+}
+
+}  // namespace
+
+Desk::Desk(Files& files) : choose_printer(ask_for_a_printer), files_(files) {
+  qApp->installEventFilter(this);
+}
+
+Desk::~Desk() = default;
+
+void Desk::show_screens_of(Forms& forms) { forms_ = &forms; }
+
+void Desk::enter(const std::function<void()>& handler) {
+  if (ended_) return;
+  try {
+    handler();
+  } catch (const std::exception&) {
+    const Fault fault = fault_of_current_exception();
+    std::cerr << "practice_exam: fault " << fault.number() << ", " << fault.text() << '\n';
+  }
+  mirror_all();
+}
+
+void Desk::came_to_front(Screen& screen) {
+  if (mirroring_ || forms_ == nullptr || forms_->in_front() == &screen) return;
+  enter([&] { forms_->came_to_front(screen); });
+}
+
+void Desk::mirror_all() {
+  if (mirroring_ || forms_ == nullptr || ended_) return;
+  mirroring_ = true;
+  for (Screen* screen : forms_->all()) {
+    if (screen != nullptr) mirror_screen(*screen);
+  }
+  mirroring_ = false;
+  for (const auto& [screen, window] : windows_) window->carry_out_focus();
+}
+
+void Desk::mirror_screen(Screen& screen) {
+  auto window = windows_.find(&screen);
+  if (window == windows_.end()) {
+    if (!screen.loaded) return;
+    window = windows_.emplace(&screen, make_window(screen, *this)).first;
+  }
+  window->second->mirror();
+}
+
+double Desk::pixels_per_twip() const { return pixels_per_inch() / twips_per_inch; }
+
+ScreenWindow* Desk::window_of(const Screen& screen) const {
+  const auto window = windows_.find(&screen);
+  return window == windows_.end() ? nullptr : window->second.get();
+}
+
+QWidget* Desk::front_widget() const {
+  if (forms_ == nullptr || forms_->in_front() == nullptr) return nullptr;
+  ScreenWindow* window = window_of(*forms_->in_front());
+  return window != nullptr && window->isVisible() ? window : nullptr;
+}
+
+void Desk::pump() {
+  if (ended_ || forms_ == nullptr) return;
+  for (Screen* screen : forms_->all()) {
+    if (screen == nullptr || !screen->loaded) continue;
+    for (const ControlEntry& entry : screen->controls()) {
+      if (auto* const* control = std::get_if<HtmlView*>(&entry.control)) {
+        (*control)->view.finish_navigation(files_);
+      }
+    }
+  }
+  mirror_all();
+  QApplication::processEvents(QEventLoop::AllEvents);
+}
+
+void Desk::run_modal(Screen& screen) {
+  mirror_all();
+  QEventLoop loop;
+  ScreenWindow* window = window_of(screen);
+  if (window == nullptr) return;
+  window->on_hidden = [&loop] { loop.quit(); };
+  while (screen.visible && !ended_) loop.exec();
+  window->on_hidden = {};
+}
+
+void Desk::print(html::View& view) {
+  mirror_all();
+  for (const auto& [screen, window] : windows_) {
+    PageView* page = window->page_of(view);
+    if (page == nullptr) continue;
+    QPrinter printer;
+    if (choose_printer(printer)) page->print(printer);
+    return;
+  }
+  throw Fault::invalid_call();
+}
+
+double Desk::width() const {
+  return QGuiApplication::primaryScreen()->availableGeometry().width() / pixels_per_twip();
+}
+
+double Desk::height() const {
+  return QGuiApplication::primaryScreen()->availableGeometry().height() / pixels_per_twip();
+}
+
+int Desk::pixels_per_inch() const {
+  return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX());
+}
+
+double Desk::text_width(std::string_view text) const {
+  return QFontMetricsF(QApplication::font()).horizontalAdvance(to_qt(text)) / pixels_per_twip();
+}
+
+void Desk::end_process() {
+  ended_ = true;
+  for (const auto& [screen, window] : windows_) window->hide();
+  QCoreApplication::exit(0);
+}
+
+// An access key of the page wins over the window's own: with Alt held, the keyboard is the page's.
+bool Desk::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
+  auto* key = static_cast<QKeyEvent*>(event);
+  if (key->modifiers() != Qt::AltModifier || key->key() < Qt::Key_0 || key->key() > Qt::Key_Z) {
+    return false;
+  }
+  auto* widget = qobject_cast<QWidget*>(watched);
+  if (widget == nullptr) return false;
+  auto* window = dynamic_cast<ScreenWindow*>(widget->window());
+  if (window == nullptr) return false;
+  PageView* page = window->page();
+  const char letter = static_cast<char>(QChar(key->key()).toLower().toLatin1());
+  if (page == nullptr || !page->has_access_key(letter)) return false;
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->accept();
+  } else {
+    page->take_access_key(letter);
+  }
+  return true;
+}
+
+}  // namespace practice::desktop

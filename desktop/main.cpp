@@ -1,0 +1,42 @@
+#include <QApplication>
+#include <QIcon>
+#include <QStringList>
+
+#include "desk.h"
+#include "platform_qt/qt_platform.h"
+#include "shell/application.h"
+#include "text.h"
+
+int main(int argc, char** argv) {
+  using namespace practice;
+  QApplication qt(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Practice Exam"));
+  QApplication::setDesktopFileName(QStringLiteral("practice-exam"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  const QString folder = QApplication::applicationDirPath();
+  QApplication::setWindowIcon(QIcon(folder + QStringLiteral("/practice_exam_48.png")));
+
+  desktop::QtFiles files;
+  desktop::QtSettings settings;
+  desktop::QtShell shell;
+  desktop::QtMessages messages;
+  desktop::QtClock clock;
+  desktop::QtRandom random;
+  desktop::Desk desk(files);
+  Platform platform{files, settings, shell,           messages,
+                    clock, random,   desk, desktop::from_qt(folder)};
+  messages.before_a_box = [&desk]() -> QWidget* {
+    desk.mirror_all();
+    return desk.front_widget();
+  };
+  desk.open_address = [&shell](const std::string& address) {
+    shell.open(address, {}, WindowShow::normal);
+  };
+
+  const std::string command_line =
+      desktop::from_qt(QApplication::arguments().mid(1).join(QLatin1Char(' ')));
+  Application application(platform, command_line);
+  desk.show_screens_of(application.program().forms);
+  desk.enter([&] { application.start(); });
+  return application.has_ended() ? 0 : QApplication::exec();
+}

@@ -1,0 +1,157 @@
+#include "platform_qt/qt_platform.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QProcess>
+#include <QSettings>
+#include <QUrl>
+#include <chrono>
+
+#include "platform/values/fault.h"
+#include "text.h"
+
+namespace practice::desktop {
+namespace {
+
+constexpr int opened = 42;
+constexpr int file_not_found = 2;
+constexpr int no_program = 31;
+
+QSettings store(std::string_view application) {
+  return {QSettings::IniFormat, QSettings::UserScope, QStringLiteral("practice-exam"),
+          to_qt(application)};
+}
+
+QString key_of(std::string_view section, std::string_view key) {
+  return to_qt(section) + u'/' + to_qt(key);
+}
+
+// "X.exe" is "X" here.
+QString program_at(std::string_view path) {
+  for (const std::string_view ending : {std::string_view(), std::string_view(".exe")}) {
+    if (!path.ends_with(ending)) continue;
+    const QFileInfo file(system_path(path.substr(0, path.size() - ending.size())));
+    if (file.isFile() && file.isExecutable()) return file.absoluteFilePath();
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string QtSettings::get(std::string_view application, std::string_view section,
+                            std::string_view key, std::string_view default_value) const {
+  return from_qt(
+      store(application).value(key_of(section, key), to_qt(default_value)).toString());
+}
+
+void QtSettings::save(std::string_view application, std::string_view section,
+                      std::string_view key, std::string_view value) {
+  QSettings settings = store(application);
+  settings.setValue(key_of(section, key), to_qt(value));
+  settings.sync();
+  if (settings.status() != QSettings::NoError) throw Fault::path_access();
+}
+
+int QtShell::open(std::string_view target, std::string_view folder, WindowShow) {
+  QUrl address(to_qt(target));
+  const bool is_address = target.starts_with("http://") || target.starts_with("https://") ||
+                          target.starts_with("mailto:");
+  if (!is_address) {
+    constexpr std::string_view scheme = "file:///";
+    if (target.starts_with(scheme)) target.remove_prefix(scheme.size() - 1);
+    std::string path(target);
+    if (!folder.empty()) path = std::string(folder) + "/" + path;
+    const QFileInfo file(system_path(path));
+    if (!file.exists()) return file_not_found;
+    address = QUrl::fromLocalFile(file.absoluteFilePath());
+  }
+  return QDesktopServices::openUrl(address) ? opened : no_program;
+}
+
+void QtShell::start(std::string_view command_line) {
+  for (auto end = command_line.size(); end != std::string_view::npos && end > 0;
+       end = command_line.rfind(' ', end - 1)) {
+    const QString program = program_at(command_line.substr(0, end));
+    if (program.isEmpty()) continue;
+    const QStringList arguments = QProcess::splitCommand(to_qt(command_line.substr(end)));
+    if (!QProcess::startDetached(program, arguments, QFileInfo(program).absolutePath())) {
+      throw Fault::path_access();
+    }
+    return;
+  }
+  throw Fault::file_not_found();
+}
+
+std::string QtShell::class_of(std::string_view extension) const {
+  if (extension != ".pdf") return {};
+  const QFileInfo viewer(QCoreApplication::applicationDirPath() + QStringLiteral("/book_viewer"));
+  return viewer.isExecutable() ? "AcroExch.Document" : std::string();
+}
+
+std::int64_t QtClock::seconds() const { return QDateTime::currentSecsSinceEpoch(); }
+
+std::string QtClock::date_and_time() const {
+  const QLocale locale = QLocale::system();
+  const QDateTime now = QDateTime::currentDateTime();
+  // The long time form may name the time zone, which no student looks for.
+  QString time_format = locale.timeFormat(QLocale::LongFormat);
+  time_format = time_format.remove(u't').trimmed();
+  return from_qt(locale.toString(now.date(), QLocale::ShortFormat) + u' ' +
+                 locale.toString(now.time(), time_format));
+}
+
+std::string QtClock::weekday() const {
+  return from_qt(QLocale::system().dayName(QDate::currentDate().dayOfWeek()));
+}
+
+void QtRandom::seed_from_clock() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+  generator_.seed(static_cast<std::minstd_rand::result_type>(now));
+}
+
+float QtRandom::next() {
+  // 24 bits, the most that a float holds, so that 1 is never reached.
+  constexpr auto range = 1u << 24;
+  return static_cast<float>(std::uniform_int_distribution<unsigned>(0, range - 1)(generator_)) /
+         static_cast<float>(range);
+}
+
+Answer QtMessages::show(const MessageBox& box) {
+  QMessageBox window(before_a_box ? before_a_box() : nullptr);
+  window.setWindowTitle(box.title.empty() ? QCoreApplication::applicationName()
+                                          : to_qt(box.title));
+  window.setTextFormat(Qt::PlainText);
+  window.setText(to_qt(box.text));
+  switch (box.icon) {
+    case Icon::none: break;
+    case Icon::stop: window.setIcon(QMessageBox::Critical); break;
+    case Icon::question: window.setIcon(QMessageBox::Question); break;
+    case Icon::information: window.setIcon(QMessageBox::Information); break;
+  }
+  switch (box.buttons) {
+    case Buttons::ok:
+      window.setStandardButtons(QMessageBox::Ok);
+      break;
+    case Buttons::ok_cancel:
+      window.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+      window.setEscapeButton(QMessageBox::Cancel);
+      break;
+    case Buttons::yes_no:
+      window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+      window.setEscapeButton(QMessageBox::No);
+      break;
+  }
+  switch (window.exec()) {
+    case QMessageBox::Yes: return Answer::yes;
+    case QMessageBox::No: return Answer::no;
+    case QMessageBox::Cancel: return Answer::cancel;
+    default: return Answer::ok;
+  }
+}
+
+}  // namespace practice::desktop

@@ -1,0 +1,63 @@
+// The small interfaces of the platform, answered by Qt. The stage, where screens are shown, is the
+// desk's.
+#pragma once
+
+#include <functional>
+#include <random>
+
+#include "platform/platform.h"
+
+class QWidget;
+
+namespace practice::desktop {
+
+class QtFiles : public Files {
+ public:
+  bool exists(std::string_view path) const override;
+  std::string read(std::string_view path) const override;
+  void write(std::string_view path, std::string_view content) override;
+  void append(std::string_view path, std::string_view content) override;
+  void remove(std::string_view path) override;
+};
+
+/// One INI file per application under the user's configuration folder.
+class QtSettings : public Settings {
+ public:
+  std::string get(std::string_view application, std::string_view section, std::string_view key,
+                  std::string_view default_value) const override;
+  void save(std::string_view application, std::string_view section, std::string_view key,
+            std::string_view value) override;
+};
+
+class QtShell : public Shell {
+ public:
+  int open(std::string_view target, std::string_view folder, WindowShow show) override;
+  void start(std::string_view command_line) override;
+  std::string class_of(std::string_view extension) const override;
+};
+
+class QtClock : public Clock {
+ public:
+  std::int64_t seconds() const override;
+  std::string date_and_time() const override;
+  std::string weekday() const override;
+};
+
+class QtRandom : public Random {
+ public:
+  void seed_from_clock() override;
+  float next() override;
+
+ private:
+  std::minstd_rand generator_;
+};
+
+class QtMessages : public Messages {
+ public:
+  /// Draws the screens and tells which window a box belongs to.
+  std::function<QWidget*()> before_a_box;
+
+  Answer show(const MessageBox& box) override;
+};
+
+}  // namespace practice::desktop

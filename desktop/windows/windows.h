@@ -1,0 +1,43 @@
+// One window class per screen: where its widgets stand, and what it shows beyond its controls.
+#pragma once
+
+#include "screen_window.h"
+
+namespace practice::desktop {
+
+class WelcomeWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+};
+
+class PickAQuizWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+  QWidget* general_page();
+  QWidget* options_page();
+  QWidget* categories_page();
+};
+
+class QuestWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+};
+
+class TheAnswerWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+};
+
+class FinalScoreWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+  void mirror_more() override;
+};
+
+/// The exhibit and the diagram beside a test.
+class ExhibitWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+};
+
+}  // namespace practice::desktop

@@ -1,0 +1,165 @@
+// The platform in memory: a disk, settings, a clock, a random source, a shell, a user's answers, all
+// of which a test scripts and inspects. What nobody scripted fails loudly.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "platform/platform.h"
+#include "session/forms.h"
+
+namespace practice::robot {
+
+/// Something the script did not provide for. Not a std::exception, so that no trap of the program
+/// takes it for a fault.
+struct RobotFailure {
+  std::string text;
+};
+
+/// A disk. Names are found whatever their case, and backslashes are slashes.
+class MemoryFiles : public Files {
+ public:
+  std::string working_folder = "\\program";
+
+  bool exists(std::string_view path) const override;
+  std::string read(std::string_view path) const override;
+  void write(std::string_view path, std::string_view content) override;
+  void append(std::string_view path, std::string_view content) override;
+  void remove(std::string_view path) override;
+
+  /// Writing to this path raises permission denied from now on.
+  void protect(std::string_view path);
+  /// Names as they were first written, by rising normal form.
+  std::vector<std::string> names() const;
+
+ private:
+  struct File {
+    std::string name;
+    std::string content;
+  };
+  std::string key(std::string_view path) const;
+  File& writable(std::string_view path);
+
+  std::map<std::string, File> files_;
+  std::map<std::string, bool> protected_;
+};
+
+class MemorySettings : public Settings {
+ public:
+  using Key = std::tuple<std::string, std::string, std::string>;
+  /// Application, section and key to value.
+  std::map<Key, std::string> values;
+
+  std::string get(std::string_view application, std::string_view section, std::string_view key,
+                  std::string_view default_value) const override;
+  void save(std::string_view application, std::string_view section, std::string_view key,
+            std::string_view value) override;
+};
+
+class RecordedShell : public Shell {
+ public:
+  struct Opened {
+    std::string target;
+    std::string folder;
+    WindowShow show;
+  };
+  /// What was opened and started, in order: "open TARGET" and "start COMMAND LINE".
+  std::vector<std::string> calls;
+  /// What was opened, in order, and how.
+  std::vector<Opened> opened;
+  /// Result of the next opens.
+  int result = 42;
+  std::string pdf_class;
+  /// Runs at each start of a program, in its place; without it a start raises fault 53.
+  std::function<void(const std::string& command_line)> program;
+
+  int open(std::string_view target, std::string_view folder, WindowShow show) override;
+  void start(std::string_view command_line) override;
+  std::string class_of(std::string_view extension) const override;
+};
+
+class ScriptedMessages : public Messages {
+ public:
+  /// Answers to the next boxes that ask something. A box with one button needs none.
+  std::deque<Answer> answers;
+  std::vector<MessageBox> shown;
+  /// Runs while a box is open.
+  std::function<void()> while_open;
+
+  Answer show(const MessageBox& box) override;
+};
+
+class ScriptedClock : public Clock {
+ public:
+  /// Since the robot's morning.
+  std::int64_t milliseconds = 1'000'000'000;
+
+  std::int64_t seconds() const override { return milliseconds / 1000; }
+  std::string date_and_time() const override;
+  std::string weekday() const override { return "Saturday"; }
+};
+
+class ScriptedRandom : public Random {
+ public:
+  /// The next draws; after these a fixed sequence goes on.
+  std::deque<float> draws;
+  int seeds = 0;
+
+  void seed_from_clock() override { ++seeds; }
+  float next() override;
+
+ private:
+  std::uint32_t state_ = 20'260'117;
+};
+
+class MemoryStage : public Stage {
+ public:
+  MemoryStage(Files& files, ScriptedClock& clock) : files_(files), clock_(clock) {}
+
+  /// The screens whose views are served; set once the program exists.
+  Forms* forms = nullptr;
+  /// Runs in each pump, as a click of the student or a timer would.
+  std::function<void()> during_pump;
+  /// What the student does with a modal screen.
+  std::function<void(Screen&)> modal_user;
+  /// The pages printed.
+  std::vector<std::string> printed;
+  bool ended = false;
+  int dots_per_inch = 96;
+
+  void pump() override;
+  void run_modal(Screen& screen) override;
+  void print(html::View& view) override;
+  double width() const override { return 1920 * 15; }
+  double height() const override { return 1080 * 15; }
+  int pixels_per_inch() const override { return dots_per_inch; }
+  double text_width(std::string_view text) const override;
+  void end_process() override { ended = true; }
+
+ private:
+  Files& files_;
+  ScriptedClock& clock_;
+};
+
+struct World {
+  MemoryFiles files;
+  MemorySettings settings;
+  RecordedShell shell;
+  ScriptedMessages messages;
+  ScriptedClock clock;
+  ScriptedRandom random;
+  MemoryStage stage{files, clock};
+  Platform platform{files,  settings, shell, messages,
+                    clock,  random,   stage, "\\program"};
+
+  World() = default;
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+};
+
+}  // namespace practice::robot
