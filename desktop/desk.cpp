@@ -31,9 +31,16 @@ Desk::Desk(Files& files) : choose_printer(ask_for_a_printer), files_(files) {
   qApp->installEventFilter(this);
 }
 
-Desk::~Desk() = default;
+Desk::~Desk() { take_down(); }
 
 void Desk::show_screens_of(Forms& forms) { forms_ = &forms; }
+
+void Desk::take_down() {
+  qApp->removeEventFilter(this);
+  ended_ = true;
+  windows_.clear();
+  forms_ = nullptr;
+}
 
 void Desk::enter(const std::function<void()>& handler) {
   if (ended_) return;
@@ -141,22 +148,31 @@ void Desk::end_process() {
   QCoreApplication::exit(0);
 }
 
-// An access key of the page wins over the window's own: with Alt held, the keyboard is the page's.
 bool Desk::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
-  auto* key = static_cast<QKeyEvent*>(event);
-  if (key->modifiers() != Qt::AltModifier || key->key() < Qt::Key_0 || key->key() > Qt::Key_Z) {
-    return false;
-  }
   auto* widget = qobject_cast<QWidget*>(watched);
-  if (widget == nullptr) return false;
+  if (widget == nullptr || ended_) return false;
   auto* window = dynamic_cast<ScreenWindow*>(widget->window());
-  if (window == nullptr) return false;
-  PageView* page = window->page();
-  const char letter = static_cast<char>(QChar(key->key()).toLower().toLatin1());
-  if (page == nullptr || !page->has_access_key(letter)) return false;
-  if (event->type() == QEvent::ShortcutOverride) {
-    event->accept();
+  return window != nullptr && take_alt_key(*window, static_cast<QKeyEvent&>(*event));
+}
+
+// An access key of the page wins over the window's own. Qt asks first whether a widget wants the
+// key for itself, and then sends it, to the widget with the focus and each one around it.
+bool Desk::take_alt_key(ScreenWindow& window, QKeyEvent& key) {
+  const bool is_alt = key.key() == Qt::Key_Alt;
+  if (!is_alt && key.modifiers() != Qt::AltModifier) return false;
+  if (key.type() == QEvent::ShortcutOverride && !key.isAutoRepeat()) {
+    window.screen().key_down(true);
+    window.carry_out_focus();
+  }
+  PageView* page = window.page();
+  // Alt alone would go on to the menu bar, which takes the keyboard away from the page again.
+  if (is_alt) return page != nullptr && key.type() == QEvent::ShortcutOverride;
+  if (page == nullptr || key.key() < Qt::Key_0 || key.key() > Qt::Key_Z) return false;
+  const char letter = static_cast<char>(QChar(key.key()).toLower().toLatin1());
+  if (!page->has_access_key(letter)) return false;
+  if (key.type() == QEvent::ShortcutOverride) {
+    key.accept();
   } else {
     page->take_access_key(letter);
   }

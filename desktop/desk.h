@@ -12,6 +12,7 @@
 
 #include "platform/platform.h"
 
+class QKeyEvent;
 class QPrinter;
 class QWidget;
 
@@ -28,8 +29,10 @@ class Desk : public QObject, public Stage {
   explicit Desk(Files& files);
   ~Desk() override;
 
-  /// The screens to show; once, before the program starts. The forms must outlive the desk.
+  /// The screens to show; once, before the program starts.
   void show_screens_of(Forms& forms);
+  /// Destroys all windows; before the screens go.
+  void take_down();
 
   void enter(const std::function<void()>& handler);
   void came_to_front(Screen& screen);
@@ -62,6 +65,7 @@ class Desk : public QObject, public Stage {
 
  private:
   void mirror_screen(Screen& screen);
+  bool take_alt_key(ScreenWindow& window, QKeyEvent& key);
 
   Files& files_;
   Forms* forms_ = nullptr;

@@ -23,8 +23,8 @@ int main(int argc, char** argv) {
   desktop::QtClock clock;
   desktop::QtRandom random;
   desktop::Desk desk(files);
-  Platform platform{files, settings, shell,           messages,
-                    clock, random,   desk, desktop::from_qt(folder)};
+  Platform platform{files, settings, shell, messages,
+                    clock, random,   desk,  desktop::from_qt(folder)};
   messages.before_a_box = [&desk]() -> QWidget* {
     desk.mirror_all();
     return desk.front_widget();
@@ -38,5 +38,7 @@ int main(int argc, char** argv) {
   Application application(platform, command_line);
   desk.show_screens_of(application.program().forms);
   desk.enter([&] { application.start(); });
-  return application.has_ended() ? 0 : QApplication::exec();
+  const int code = application.has_ended() ? 0 : QApplication::exec();
+  desk.take_down();
+  return code;
 }

@@ -24,9 +24,7 @@ namespace practice::desktop {
 namespace {
 
 // A caption as a screen reader says it.
-QString spoken(const std::string& caption) {
-  return to_qt(caption).remove(u'&').trimmed();
-}
+QString spoken(const std::string& caption) { return to_qt(caption).remove(u'&').trimmed(); }
 
 template <class Widget>
 void mirror_caption(Widget& widget, const std::string& caption) {

@@ -168,7 +168,14 @@ void ScreenWindow::carry_out_focus() {
   if (!isVisible()) return;
   const auto [name, index] = screen_.take_focus_request();
   if (name.empty()) return;
-  if (QWidget* wanted = widget(name, index)) wanted->setFocus(Qt::OtherFocusReason);
+  QWidget* wanted = widget(name, index);
+  if (wanted == nullptr) return;
+  if (wanted == page_) {
+    // Also while the window is not the active one, when no focus event would pass it on.
+    page_->focus_first_input();
+  } else {
+    wanted->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

@@ -19,8 +19,8 @@ QString system_path(std::string_view path) {
     QString next = found + u'/' + names[i];
     if (!QFileInfo::exists(next)) {
       const QDir folder(found.isEmpty() ? QStringLiteral("/") : found);
-      const QStringList entries = folder.entryList(QDir::AllEntries | QDir::Hidden |
-                                                   QDir::NoDotAndDotDot);
+      const QStringList entries =
+          folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
       for (const QString& entry : entries) {
         if (entry.compare(names[i], Qt::CaseInsensitive) == 0) {
           next = found + u'/' + entry;

@@ -106,8 +106,8 @@ void FinalScore::load() {
   });
   trap([&] { calc_list(); });
   if (missed_count_ == 0) cmd_retake.visible = false;
-  trap([&] { fill_category_table(); });
-  trap([&] { fill_wrong_list(); });
+  fill_category_table(trap);
+  fill_wrong_list(trap);
   trap([&] { end_testing_log(program_); });
 }
 
@@ -143,7 +143,7 @@ void FinalScore::choose_filter(int index) {
   calc_list();
 }
 
-void FinalScore::fill_category_table() {
+void FinalScore::fill_category_table(Trap& trap) {
   percent_texts_.clear();
   module_names_.clear();
   list_cat.items.clear();
@@ -155,7 +155,7 @@ void FinalScore::fill_category_table() {
     const int right = run_.category_right[i];
     const int asked = run_.category_asked[i];
     int percent = 0;
-    skip([&] { percent = percent_of(right, asked); });
+    trap([&] { percent = percent_of(right, asked); });
     std::string text;
     if (percent < 10) text += ' ';
     if (percent < 100) text += ' ';
@@ -168,11 +168,11 @@ void FinalScore::fill_category_table() {
   skip([&] { set_list_scroll_extent(program_, list_cat); });
 }
 
-void FinalScore::fill_wrong_list() {
+void FinalScore::fill_wrong_list(Trap& trap) {
   WrongList& wrong = run_.wrong_list;
   wrong.count = 0;
   for (int k = 1; k <= run_.question_total; ++k) {
-    skip([&] {
+    trap([&] {
       const Question& question = program_.question_table[row_of_position(run_, k)];
       if (question.result_state != result::wrong) return;
       ++wrong.count;
@@ -206,9 +206,7 @@ void FinalScore::quit_to_menu() {
   program_.forms.hide(Form::finalscore);
 }
 
-void FinalScore::view_history() {
-  open_document(program_, history_file(), WindowShow::maximised);
-}
+void FinalScore::view_history() { open_document(program_, history_file(), WindowShow::maximised); }
 
 void FinalScore::resize() {
   bounds.width = form_width;

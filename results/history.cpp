@@ -55,8 +55,8 @@ void FinalScore::save_history() {
     const std::string percent =
         trimmed_text_form(percent_of(run_.right_count, run_.question_total));
     entry = "<p><b> " + program_.catalogue.quiz_button_names[run_.selected_quiz] +
-            " Results:</b><br>" + percent + "%&nbsp;&nbsp;(" +
-            trimmed_text_form(run_.right_count) + "/" + trimmed_text_form(run_.question_total) +
+            " Results:</b><br>" + percent + "%&nbsp;&nbsp;(" + trimmed_text_form(run_.right_count) +
+            "/" + trimmed_text_form(run_.question_total) +
             ")&nbsp;&nbsp;-&nbsp;&nbsp;Date: " + program_.platform.clock.weekday() + " " +
             program_.platform.clock.date_and_time() + "<hr align=left width=" + percent +
             "% size=15 NOSHADE COLOR=NAVY>";

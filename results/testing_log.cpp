@@ -29,8 +29,8 @@ void begin_testing_log(Program& program) {
 
 void end_testing_log(Program& program) {
   const TestRun& run = program.test_run;
-  std::string wrong = "NUMBER WRONG: " + trimmed_text_form(run.wrong_list.count) + "\r\n" +
-                      "Wrong Questions: \r\n";
+  std::string wrong =
+      "NUMBER WRONG: " + trimmed_text_form(run.wrong_list.count) + "\r\n" + "Wrong Questions: \r\n";
   for (int i = 0; i <= MAX_QUESTIONS; ++i) wrong += on_one_line(run.wrong_list.rows[i]);
   program.platform.files.append(log_file, wrong);
 

@@ -1,5 +1,7 @@
 #include "results/theanswer.h"
 
+#include <algorithm>
+
 #include "platform/building.h"
 #include "platform/values/text.h"
 #include "run/html_event.h"
@@ -16,6 +18,15 @@ constexpr int page_scripts_ready = 123;
 
 std::string letter(int entry) { return {static_cast<char>('A' + entry - 1)}; }
 
+// Where the last web link begins, whatever its case. Not by upper(), whose result may be shorter
+// than the text.
+std::size_t last_link(std::string_view text) {
+  constexpr std::string_view scheme = "HTTP://";
+  const auto same = [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; };
+  const auto found = std::ranges::find_end(text, scheme, same);
+  return found.empty() ? std::string::npos : static_cast<std::size_t>(found.begin() - text.begin());
+}
+
 }  // namespace
 
 TheAnswer::TheAnswer(Program& program) : Screen("theanswer"), program_(program) {
@@ -26,7 +37,12 @@ TheAnswer::TheAnswer(Program& program) : Screen("theanswer"), program_(program) 
     skip([&] { open_document(program_, program_.pages.jump_link, WindowShow::normal); });
   });
   list("Command2", Command2).on_click([this] { stop_at_first_fault([&] { print_page(); }); });
-  list("cmdtutor", cmdtutor);
+  list("cmdtutor", cmdtutor).on_click([this] {
+    skip([&] {
+      play_sound(program_,
+                 tutor_address(program_, program_.current_question.tutor_file, {".WMV", ".WAV"}));
+    });
+  });
   list("Closeb", Closeb).on_click([this] { close_window(); });
 }
 
@@ -106,11 +122,10 @@ void TheAnswer::correct_verdict() {
 
 std::string TheAnswer::verdict_block(const Question& question) const {
   const TestRun& run = program_.test_run;
-  std::string block =
-      run.answer_verdict == verdict::right
-          ? "Correct.<br>The answer(s): "
-          : "Incorrect.  Your answer was: " + run.answer_given[run.current_row] +
-                "<br>The correct answer(s): ";
+  std::string block = run.answer_verdict == verdict::right
+                          ? "Correct.<br>The answer(s): "
+                          : "Incorrect.  Your answer was: " + run.answer_given[run.current_row] +
+                                "<br>The correct answer(s): ";
   if (is_fill_in(question.question_type)) return block + question.answers[1];
   for (int i = 1; i <= 6; ++i) {
     if (question.answer_correct[i] == 1) block += letter(i) + " ";
@@ -172,8 +187,8 @@ void TheAnswer::set_wow_explanation_html(std::string& html) {
         .append("\"><p>");
   }
   if (!trim(question.tutor_file).empty()) {
-    page.append(crlf).append(tutor_html(
-        program_, tutor_address(program_, question.tutor_file, {".WMV", ".WAV"})));
+    page.append(crlf).append(
+        tutor_html(program_, tutor_address(program_, question.tutor_file, {".WMV", ".WAV"})));
   }
   page.append(
       "<script language=javascript>\r\n"
@@ -193,7 +208,7 @@ void TheAnswer::set_wow_explanation_html(std::string& html) {
 
 void TheAnswer::find_jump_link(const std::string& text) {
   webcmd.visible = false;
-  const auto start = upper(text).rfind("HTTP://");
+  const auto start = last_link(text);
   if (start == std::string::npos) return;
   const auto end = text.find_first_of("\r\n ", start);
   const auto count = end == std::string::npos ? end : end - start + 1;
@@ -204,10 +219,10 @@ void TheAnswer::find_jump_link(const std::string& text) {
 void TheAnswer::HTML_Click1(std::string_view which) {
   if (which != "1" && which != "2" && which != "3") return;
   skip([&] {
-    open_document(program_,
-                  program_.catalogue.content_dir +
-                      program_.current_question.exhibits[which[0] - '0'],
-                  WindowShow::normal);
+    open_document(
+        program_,
+        program_.catalogue.content_dir + program_.current_question.exhibits[which[0] - '0'],
+        WindowShow::normal);
   });
 }
 

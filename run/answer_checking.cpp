@@ -49,7 +49,8 @@ void Quest::check_answer() {
   run_.answer_verdict = verdict::right;
   skip([&] { run_.answer_given[run_.current_row].clear(); });
   const std::string diagram = question.diagrams[1];
-  bool right = true;
+  // What can not be checked is not right.
+  bool right = false;
   skip([&] {
     if (diagram == marker::device_simulator) {
       right = configuration_is_right();
@@ -123,9 +124,7 @@ bool Quest::configuration_is_right() {
 
 void Quest::record(bool right) {
   const int category = category_of(program_.current_question);
-  skip([&] {
-    run_.last_results[program_.current_question.question_id] = right ? "0" : "1";
-  });
+  skip([&] { run_.last_results[program_.current_question.question_id] = right ? "0" : "1"; });
   skip([&] { row_on_show(program_).result_state = right ? result::right : result::wrong; });
   const Integer wants_answer =
       right ? program_.options.show_answer_when_right : program_.options.show_answer_when_wrong;
@@ -152,7 +151,8 @@ void Quest::calculate_score() {
   // With nothing answered the panel keeps what it shows.
   if (answered > 0) {
     Percent_Right.caption = one_decimal_percent(100.0 * int{right} / answered);
-    the_gauge.bounds.height = (1 - static_cast<double>(int{right}) / answered) * Gauge1.bounds.height;
+    the_gauge.bounds.height =
+        (1 - static_cast<double>(int{right}) / answered) * Gauge1.bounds.height;
   }
   the_gauge.visible = the_gauge.bounds.height >= 20;
   run_.right_count = right;
@@ -165,7 +165,7 @@ void Quest::count_category_questions() {
     skip([&] {
       // Without order_stride: the tally is of the first stretch of the table.
       const int row = run_.question_order[j] - 1 + run_.order_base;
-      const int category = program_.question_table[row].category;
+      const int category = category_of(program_.question_table[row]);
       if (category >= 1 && category <= categories) ++run_.category_asked[category];
     });
   }

@@ -24,10 +24,7 @@ void Quest::write_results_file() {
   stop_at_first_fault([&] {
     std::string lines;
     for (int i = 1; i <= MAX_QUESTIONS; ++i) {
-      lines.append(run_.last_results[i])
-          .append(",")
-          .append(trimmed_text_form(i))
-          .append(crlf);
+      lines.append(run_.last_results[i]).append(",").append(trimmed_text_form(i)).append(crlf);
     }
     program_.platform.files.write(
         program_.catalogue.exam_code + "." + program_.options.student_name + ".results", lines);

@@ -37,8 +37,10 @@ void Quest::show_quest() {
   trap([&] { program_.platform.random.seed_from_clock(); });
   trap([&] { ++run_.question_position; });
   trap([&] {
-    caption = "Practice Test for " + program_.catalogue.exam_title + " - Question " +
-              text_form(run_.question_position) + " of" + text_form(run_.question_total);
+    caption =
+        is_white_label(program_.brand) ? "TestCraft Practice Test for: " : "Practice Test for ";
+    caption += program_.catalogue.exam_title + " - Question " + text_form(run_.question_position) +
+               " of" + text_form(run_.question_total);
   });
   trap([&] { show_score_panel(); });
   if (run_.question_position > run_.question_total) {
@@ -66,10 +68,11 @@ void Quest::show_quest() {
   show_attachment_buttons(trap);
   cmdtutor.visible = false;
   trap([&] { show_book_button(); });
-  trap([&] {
-    set_wow_question_html(read_page_header(program_) +
-                          build_question_page(program_, program_.current_question));
-  });
+  std::string header;
+  std::string page;
+  trap([&] { header = read_page_header(program_); });
+  trap([&] { page = build_question_page(program_, program_.current_question); });
+  trap([&] { set_wow_question_html(header + page); });
   set_focus("cmd_buttons", 0);
 }
 
@@ -93,8 +96,8 @@ void Quest::permute_answers(Trap& trap) {
     const int count = run_.answer_count;
     trap([&] {
       for (int i = 1; i <= count; ++i) {
-        const int r = static_cast<int>(program_.platform.random.next() *
-                                       static_cast<float>(count)) + 1;
+        const int r =
+            static_cast<int>(program_.platform.random.next() * static_cast<float>(count)) + 1;
         std::swap(p[i], p[r]);
       }
     });

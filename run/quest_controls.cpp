@@ -1,7 +1,9 @@
 // What the question screen looks like before it is used, and which handler answers which control.
 #include "platform/building.h"
 #include "run/quest3.h"
+#include "run/question_page.h"
 #include "run/simulators.h"
+#include "session/helpers.h"
 
 namespace practice {
 namespace {
@@ -122,7 +124,12 @@ void Quest::list_controls() {
       program_.handover->open_diagram(i + 1);
     });
   }
-  list("cmdtutor", cmdtutor);
+  list("cmdtutor", cmdtutor).on_click([this] {
+    skip([&] {
+      play_sound(program_, tutor_address(program_, program_.current_question.tutor_file,
+                                         {".WMV", ".WAV", ".MP3"}));
+    });
+  });
   list("cluebutton", cluebutton).on_click([this] {
     program_.platform.messages.show({.text = program_.current_question.clue, .title = "Clue"});
   });

@@ -25,7 +25,7 @@ void Quest::load() {
   trap([&] { options.font_size = integer_in(get_option(program_, "savedfont", "12")); });
   trap([&] { options.font_name = get_option(program_, "savedfontname", default_font); });
   trap([&] { options.mail_kind = get_option(program_, "mailtype", "outlook"); });
-  trap([&] { check_menus_at_load(); });
+  check_menus_at_load(trap);
   trap([&] {
     constexpr std::string_view labels[] = {"A", "B", "C", "D"};
     status_labels_.fill("");
@@ -39,7 +39,7 @@ void Quest::load() {
   trap([&] { center_form(program_, *this); });
 }
 
-void Quest::check_menus_at_load() {
+void Quest::check_menus_at_load(Trap& trap) {
   Options& options = program_.options;
   bool font_found = false;
   for (MenuEntry& font : menufont) {
@@ -48,9 +48,9 @@ void Quest::check_menus_at_load() {
   }
   if (!font_found) {
     options.font_name = default_font;
-    save_option(program_, "savedfontname", default_font);
     menufont[0].checked = true;
   }
+  if (!font_found) trap([&] { save_option(program_, "savedfontname", default_font); });
   for (std::size_t i = 0; i < menusize.size(); ++i) {
     menusize[i].checked = menu_sizes[i] == options.font_size;
   }
@@ -93,6 +93,10 @@ void Quest::resize() {
 
 void Quest::unload() {
   skip([&] { program_.forms.unload(Form::pick_a_quiz); });
+}
+
+void Quest::key_down(bool with_alt) {
+  if (with_alt) set_focus("WebBrowser1");
 }
 
 void Quest::close_window() { ask_to_exit(); }

@@ -54,9 +54,9 @@ std::string kind_script(std::string_view count, std::string_view type) {
 
 Block radio_block(const Program& program, const Question& question) {
   const int count = program.test_run.answer_count;
-  Block block{kind_script(trimmed_text_form(count), "radio"),
-              program.options.show_answer_count == 0 ? "Select the correct answer."
-                                                     : "Select the 1 Best Answer."};
+  Block block{kind_script(trimmed_text_form(count), "radio"), program.options.show_answer_count == 0
+                                                                  ? "Select the correct answer."
+                                                                  : "Select the 1 Best Answer."};
   for (int i = 1; i <= count; ++i) {
     block.inputs.append(crlf)
         .append("<input ")
@@ -130,7 +130,8 @@ Attachments attachments_of(const Program& program, const Question& question) {
   if (const std::string& exhibit = question.exhibits[1];
       !trim(exhibit).empty() && contains(upper(exhibit), ".TXT")) {
     result.notice = notice;
-    result.html.append("<hr><a href=\"javascript:; void(' ');\"id=\"Exhibit1\"onclick=myfunction()>")
+    result.html
+        .append("<hr><a href=\"javascript:; void(' ');\"id=\"Exhibit1\"onclick=myfunction()>")
         .append("Exhibit # ")
         .append(text_form(1))
         .append(" Click Here</a><br>");
@@ -147,17 +148,15 @@ Attachments attachments_of(const Program& program, const Question& question) {
   }
   if (!trim(question.tutor_file).empty()) {
     result.notice += tutor_notice;
-    result.html += tutor_html(
-        program, tutor_address(program, question.tutor_file, {".WMV", ".WAV", ".MP3"}));
+    result.html +=
+        tutor_html(program, tutor_address(program, question.tutor_file, {".WMV", ".WAV", ".MP3"}));
   }
   return result;
 }
 
 }  // namespace
 
-std::string answer_label(int entry) {
-  return {static_cast<char>('A' + entry - 1), '.', '\t'};
-}
+std::string answer_label(int entry) { return {static_cast<char>('A' + entry - 1), '.', '\t'}; }
 
 std::string read_page_header(const Program& program) {
   const std::string path = program.install_dir + "q_bottom.ini";

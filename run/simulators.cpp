@@ -43,8 +43,8 @@ void launch_device_simulator(Program& program) {
 }  // namespace
 
 std::string lab_key(const Program& program) {
-  return std::string(trim(program.catalogue.exam_settings_key + "Q" +
-                          program.current_question.answers[1]));
+  return std::string(
+      trim(program.catalogue.exam_settings_key + "Q" + program.current_question.answers[1]));
 }
 
 void prepare_simulator(Program& program, Trap& trap) {

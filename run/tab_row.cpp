@@ -11,8 +11,8 @@ namespace {
 constexpr int tab_places = 20;
 
 constexpr std::array<std::string_view, 12> tab_names{
-    "Question.gif",  "Diagram_1.gif",   "Diagram_2.gif",  "Diagram_3.gif",
-    "Exhibit_1.gif", "Exhibit_2.gif",   "Exhibit_3.gif",  "explanation.gif",
+    "Question.gif",   "Diagram_1.gif",  "Diagram_2.gif",   "Diagram_3.gif",
+    "Exhibit_1.gif",  "Exhibit_2.gif",  "Exhibit_3.gif",   "explanation.gif",
     "Web_Link_1.gif", "Web_Link_2.gif", "Onlinetutor.gif", "clue.gif"};
 
 std::string tab_image_path(const Program& program, std::string_view name) {

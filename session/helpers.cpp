@@ -35,7 +35,7 @@ constexpr std::array<ShellError, 15> shell_errors{{
     {0, "The .exe file is invalid (non-Win32® .exe or error in .exe image)."},
 }};
 
-constexpr int twips_per_pixel = 15;
+constexpr int twips_per_inch = 1440;
 
 }  // namespace
 
@@ -52,8 +52,10 @@ std::string shell_error_text(Program& program, int code, bool show) {
   const auto row = std::ranges::find(shell_errors, code, &ShellError::code);
   const std::string_view message = row == shell_errors.end() ? "Unknown error" : row->message;
   if (show) {
-    program.platform.messages.show(
-        {.text = std::string(message), .title = "Error:", .buttons = Buttons::ok, .icon = Icon::stop});
+    program.platform.messages.show({.text = std::string(message),
+                                    .title = "Error:",
+                                    .buttons = Buttons::ok,
+                                    .icon = Icon::stop});
   }
   return show ? "True" : "False";
 }
@@ -83,8 +85,13 @@ void set_list_scroll_extent(Program& program, ListBox& list) {
   const int longest = longest_entry(list);
   if (longest == -1) return;
   const std::string& entry = list.items[static_cast<std::size_t>(longest)];
+  const Stage& stage = program.platform.stage;
   list.scroll_extent =
-      static_cast<int>(program.platform.stage.text_width(entry + ' ')) / twips_per_pixel;
+      static_cast<int>(stage.text_width(entry + ' ')) / (twips_per_inch / stage.pixels_per_inch());
+}
+
+void play_sound(Program& program, std::string_view alias) {
+  program.platform.shell.send_media_command("play " + std::string(alias) + "  ");
 }
 
 std::vector<std::string> read_lines(const Files& files, std::string_view path) {

@@ -40,7 +40,8 @@ void PickAQuiz::start_the_quiz_from_command1() {
     }
   });
   skip([&] {
-    if (program_.options.random_question_order == 1 && run_.ask_wrong_mode != 1) shuffle_the_order();
+    if (program_.options.random_question_order == 1 && run_.ask_wrong_mode != 1)
+      shuffle_the_order();
   });
   if (run_.order_base == 5) run_.order_base = 1;
   run_.current_row = 0;
@@ -60,9 +61,7 @@ void PickAQuiz::read_switches() {
     run_.time_limit_minutes = integer_in(timeamount.text);
   });
   if (run_.time_limit_minutes < 1) run_.time_limit_minutes = 1;
-  skip([&] {
-    run_.question_total = std::min(integer_in(howmanyq.text), most_questions);
-  });
+  skip([&] { run_.question_total = std::min(integer_in(howmanyq.text), most_questions); });
   run_.time_started = program_.platform.clock.seconds();
   program_.options.student_name = upper(txtstudentname.text);
 }
@@ -75,8 +74,8 @@ void PickAQuiz::clean_student_name() {
     const std::string_view letter = first_characters(rest, 1);
     rest.remove_prefix(letter.size());
     const char c = letter[0];
-    const bool stays = letter.size() == 1 && (c == ' ' || (c >= '0' && c <= '9') ||
-                                              (c >= 'A' && c <= 'Z'));
+    const bool stays =
+        letter.size() == 1 && (c == ' ' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z'));
     cleaned += stays ? c : ' ';
   }
   name = cleaned;
@@ -135,9 +134,10 @@ void PickAQuiz::order_by_category() {
   int count = 0;
   for (int row = 1; row <= program_.catalogue.bank_total; ++row) {
     run_.order_stride = 1;
-    if (run_.category_active[category_of(program_.question_table[row])]) {
+    skip([&] {
+      if (!run_.category_active[category_of(program_.question_table[row])]) return;
       run_.question_order[++count] = row;
-    }
+    });
   }
   run_.question_total = count;
 }
@@ -183,7 +183,7 @@ void PickAQuiz::shuffle_the_order() {
   const int m = run_.category_filter_on ? run_.question_total : run_.bank_size;
   for (int i = 1; i <= n; ++i) {
     const float r = program_.platform.random.next();
-    const int j = static_cast<int>(std::floor(r * static_cast<float>(m - 2) + 1));
+    const int j = static_cast<int>(std::floor(double{r} * (m - 2) + 1));
     std::swap(run_.question_order[i], run_.question_order[j]);
   }
 }

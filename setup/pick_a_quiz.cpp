@@ -89,9 +89,7 @@ void PickAQuiz::click_quiz(int index) {
   if (index >= 1 && index <= 3) {
     const std::string name = program_.catalogue.quiz_button_names[index];
     skip([&] { Command1.caption = name; });
-    skip([&] {
-      Label4.caption = "Note:  Questions will be asked from the " + name + ".";
-    });
+    skip([&] { Label4.caption = "Note:  Questions will be asked from the " + name + "."; });
     run_.clicked_quiz = index;
     skip([&] { load_bank(program_); });
     howmany.caption = trimmed_text_form(program_.catalogue.bank_total);
@@ -117,7 +115,7 @@ void PickAQuiz::fill_category_lists() {
   const Catalogue& catalogue = program_.catalogue;
   skip([&] {
     for (int row = 1; row <= catalogue.bank_total; ++row) {
-      ++category_size_[program_.question_table[row].category];
+      ++category_size_[category_of(program_.question_table[row])];
     }
   });
   for (int i = 1; i <= catalogue.category_count; ++i) {
@@ -163,8 +161,7 @@ void PickAQuiz::start_category_quiz() {
   run_.category_filter_on = true;
   for (int i = 1; i <= categories_cleared; ++i) run_.category_active[i] = false;
   if (lst_cats_to_ask.items.empty()) {
-    program_.platform.messages.show(
-        {.text = "You must select at least one category", .title = {}});
+    program_.platform.messages.show({.text = "You must select at least one category", .title = {}});
     return;
   }
   const Catalogue& catalogue = program_.catalogue;

@@ -48,8 +48,7 @@ void PickAQuiz::design() {
   // The study saver's tab comes with the study saver.
   SSTab1.tab_on = {true, true, true, false};
   lblstudentname = captioned<Label>("Enter Your Name:");
-  txtstudentname =
-      text_box("STUDENT", "Type your name here to keep a record of your scores");
+  txtstudentname = text_box("STUDENT", "Type your name here to keep a record of your scores");
   fra_quizzes = captioned<Frame>("Select a Quiz");
   which_quiz[0].value = true;
   which_quiz[3] = hidden(captioned<OptionButton>("Quiz &D"));
@@ -72,16 +71,14 @@ void PickAQuiz::design() {
   VScroll1.highest = 199;
   VScroll1.value = 170;
   lblshowanswers = captioned<Label>("Show Correct Answers When I'm");
-  answer_when_wrong = box("&Wrong", 1,
-                          "Displays answer and explanation when question is answered wrong.");
-  answer_when_right = box("&Right", 0,
-                          "Displays answer and explanation when question is answered right.");
+  answer_when_wrong =
+      box("&Wrong", 1, "Displays answer and explanation when question is answered wrong.");
+  answer_when_right =
+      box("&Right", 0, "Displays answer and explanation when question is answered right.");
   lblrandomization = captioned<Label>("Randomization Options");
-  random_questions =
-      box("Q&uestions", 1, "Randomizes the order in which the questions are asked.");
+  random_questions = box("Q&uestions", 1, "Randomizes the order in which the questions are asked.");
   random_answers = box("A&nswers", 1, "Randomizes the order that the answers are displayed.");
-  scoregraph =
-      box("L&ive Scoring", 1, "Shows you your percentage correct as you take the quiz.");
+  scoregraph = box("L&ive Scoring", 1, "Shows you your percentage correct as you take the quiz.");
   backb = box("Bac&k Button", 1, "Allows you to review previously asked questions.");
   showhowmanyanswers = box("Show &# of Answers", 1, count_tip);
   chkEmbed = hidden(box("&Embed Media Player for Online Tutor Files", 0, count_tip));

@@ -99,9 +99,8 @@ void PickAQuiz::practice_preset() {
   scoregraph.value = 1;
   backb.value = 1;
   program_.options.test_mode_on = false;
-  program_.platform.messages.show(
-      {.text = "User Settings have been changed to enhance learning.",
-       .title = std::string(user_settings)});
+  program_.platform.messages.show({.text = "User Settings have been changed to enhance learning.",
+                                   .title = std::string(user_settings)});
 }
 
 void PickAQuiz::test_preset() {

@@ -46,7 +46,11 @@ void Application::open_book() {
 void Application::save_history() { finalscore_.save_history(); }
 
 void Application::return_to_options() {
-  if (program_.catalogue.book_edition != 9090) return;
+  const Catalogue& catalogue = program_.catalogue;
+  if (catalogue.book_edition != 9090 || catalogue.exam_code == "30021" ||
+      catalogue.exam_code == "30204") {
+    return;
+  }
   program_.forms.hide(Form::Welcome);
   welcome_.start_quiz_click_sub();
 }
@@ -54,9 +58,9 @@ void Application::return_to_options() {
 void Application::close_all_forms() {
   if (ended_) return;
   ended_ = true;
-  for (const Form form : {Form::About1, Form::Diagram, Form::Exhibit, Form::finalscore,
-                          Form::pick_a_quiz, Form::quest, Form::Security, Form::theanswer,
-                          Form::Welcome}) {
+  for (const Form form :
+       {Form::About1, Form::Diagram, Form::Exhibit, Form::finalscore, Form::pick_a_quiz,
+        Form::quest, Form::Security, Form::theanswer, Form::Welcome}) {
     skip([&] { program_.forms.unload(form); });
   }
   program_.platform.stage.end_process();

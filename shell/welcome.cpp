@@ -38,8 +38,8 @@ void Welcome::design() {
   Label6 = captioned<Label>("Practice test for:", {240, 180, 3600, 300});
   constexpr std::string_view tips[] = {"Start", "Help", "Exit"};
   for (std::size_t i = 0; i < Image4.size(); ++i) {
-    Image4[i] = placed<Picture>({3675, 5940 + 615 * static_cast<double>(i), button_width,
-                                 button_height});
+    Image4[i] =
+        placed<Picture>({3675, 5940 + 615 * static_cast<double>(i), button_width, button_height});
     Image4[i].tool_tip = tips[i];
   }
 }
@@ -121,8 +121,11 @@ void Welcome::start_quiz_click_sub() {
 }
 
 void Welcome::unload() {
-  skip([&] { program_.forms.unload(Form::quest); });
-  skip([&] { program_.forms.unload(Form::pick_a_quiz); });
+  for (const Form form : {Form::quest, Form::pick_a_quiz, Form::theanswer, Form::finalscore,
+                          Form::Exhibit, Form::Diagram}) {
+    skip([&] { program_.forms.unload(form); });
+  }
+  pointer = Pointer::normal;
 }
 
 void Welcome::close_window() { program_.handover->close_all_forms(); }

@@ -2,6 +2,8 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QButtonGroup>
+#include <QCursor>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPrinter>
@@ -45,7 +47,9 @@ int number_behind(QLatin1StringView opening, const QString& name) {
 
 }  // namespace
 
-PageBrowser::PageBrowser(PageView& owner) : QTextBrowser(&owner), owner_(owner), own_font_(font()) {
+PageBrowser::PageBrowser(PageView& owner)
+    : QTextBrowser(&owner), owner_(owner), own_font_(font()), radio_group_(new QButtonGroup(this)) {
+  radio_group_->setExclusive(false);
   setOpenLinks(false);
   setTextInteractionFlags(Qt::NoTextInteraction);
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -80,6 +84,8 @@ void PageBrowser::forget() {
   fields_.clear();
   links_.clear();
   text_ = RichText();
+  hovered_ = pressed_ = {};
+  current_link_ = -1;
 }
 
 bool PageBrowser::is_current() const {
@@ -103,7 +109,8 @@ void PageBrowser::draw() {
   Look look = screen_look();
   look.picture_size = [this](std::string_view source) {
     const QPixmap picture = page_picture(source);
-    return picture.isNull() ? failed_picture(source).size() : picture.size() * scale_;
+    return picture.isNull() ? failed_picture(source).deviceIndependentSize().toSize()
+                            : picture.size() * scale_;
   };
   prepare(*document(), look, scale_);
 
@@ -197,15 +204,18 @@ QPixmap PageBrowser::failed_picture(std::string_view source) const {
   const QFontMetrics metrics(font());
   const int padding = static_cast<int>(10 * scale_);
   name = metrics.elidedText(name, Qt::ElideMiddle, static_cast<int>(300 * scale_));
-  QPixmap box(metrics.horizontalAdvance(name) + 2 * padding, metrics.height() + padding);
+  const QRect frame(0, 0, metrics.horizontalAdvance(name) + 2 * padding,
+                    metrics.height() + padding);
+  QPixmap box((QSizeF(frame.size()) * devicePixelRatioF()).toSize());
+  box.setDevicePixelRatio(devicePixelRatioF());
   box.fill(Qt::transparent);
   QPainter painter(&box);
   const Colours colours = colours_of(palette());
   painter.setPen(colours.rule);
-  painter.drawRect(box.rect().adjusted(0, 0, -1, -1));
+  painter.drawRect(frame.adjusted(0, 0, -1, -1));
   painter.setPen(colours.quiet);
   painter.setFont(font());
-  painter.drawText(box.rect(), Qt::AlignCenter, name);
+  painter.drawText(frame, Qt::AlignCenter, name);
   return box;
 }
 
@@ -259,6 +269,9 @@ void PageBrowser::find_objects() {
 
 void PageBrowser::fit_objects() {
   const int widest = column();
+  // One edit, or else each change would lay out the text anew.
+  QTextCursor edit(document());
+  edit.beginEditBlock();
   for (std::size_t i = 0; i < text_.pictures.size(); ++i) {
     const int position = picture_positions_[i];
     if (position < 0) continue;
@@ -266,17 +279,18 @@ void PageBrowser::fit_objects() {
     const QSize size = fitted_picture(text_.pictures[i].size, widest);
     const QPixmap picture = page_picture(source);
     const QPixmap drawn = picture.isNull() ? failed_picture(source) : picture;
-    document()->addResource(
-        QTextDocument::ImageResource, QUrl("picture:"_L1 + QString::number(i)),
-        drawn.size() == size
-            ? drawn
-            : drawn.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    const QSize sharp = (QSizeF(size) * devicePixelRatioF()).toSize();
+    document()->addResource(QTextDocument::ImageResource, QUrl("picture:"_L1 + QString::number(i)),
+                            drawn.size() == sharp ? drawn
+                                                  : drawn.scaled(sharp, Qt::IgnoreAspectRatio,
+                                                                 Qt::SmoothTransformation));
     set_object_size(position, size);
   }
   for (const Field& field : fields_) {
     if (field.input->kind != html::InputKind::text) continue;
     set_object_size(field.position, fitted_field(field.size, widest));
   }
+  edit.endEditBlock();
 }
 
 void PageBrowser::set_object_size(int position, QSize size) {
@@ -297,7 +311,8 @@ PageBrowser::Spot PageBrowser::spot_of(int position) const {
   if (!line.isValid()) return {origin.x(), origin.y()};
   // A line's own start is known without measuring its text.
   const int offset = position - block.position();
-  const bool is_start = offset == line.textStart() && block.blockFormat().alignment() == Qt::AlignLeft;
+  const bool is_start =
+      offset == line.textStart() && block.blockFormat().alignment() == Qt::AlignLeft;
   const double x = is_start ? line.x() : line.cursorToX(offset);
   return {origin.x() + x, origin.y() + line.y() + line.ascent()};
 }
@@ -399,7 +414,8 @@ void PageBrowser::paintEvent(QPaintEvent* event) {
       tint.setAlphaF(0.07F);
       painter.setPen(Qt::NoPen);
       painter.setBrush(tint);
-      painter.drawRoundedRect(fields_[static_cast<std::size_t>(hovered_.field)].row, radius, radius);
+      painter.drawRoundedRect(fields_[static_cast<std::size_t>(hovered_.field)].row, radius,
+                              radius);
     }
     QColor ring = colours.link;
     ring.setAlphaF(0.6F);
@@ -430,20 +446,28 @@ void PageBrowser::resizeEvent(QResizeEvent* event) {
 
 void PageBrowser::scrollContentsBy(int dx, int dy) {
   QTextBrowser::scrollContentsBy(dx, dy);
-  if (!is_drawing_ && is_current()) place();
+  if (is_drawing_ || !is_current()) return;
+  place();
+  if (viewport()->underMouse()) set_hovered(target_at(viewport()->mapFromGlobal(QCursor::pos())));
 }
 
 void PageBrowser::changeEvent(QEvent* event) {
   QTextBrowser::changeEvent(event);
-  const bool matters = event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
-  if (matters && !is_drawing_ && is_current()) draw();
+  const bool matters =
+      event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
+  if (!matters || is_drawing_ || !is_current()) return;
+  const int scrolled_to = verticalScrollBar()->value();
+  draw();
+  verticalScrollBar()->setValue(scrolled_to);
 }
 
 void PageBrowser::print_on(QPrinter& printer) {
   if (is_failure_ || !is_current()) {
     document()->print(&printer);
   } else {
-    print_page(*view_, pictures_, own_font_, scale_, printer);
+    print_page(
+        *view_, [this](std::string_view source) { return page_picture(source); }, own_font_, scale_,
+        printer);
   }
 }
 

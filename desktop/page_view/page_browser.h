@@ -18,6 +18,7 @@
 #include "page_view/rich_text.h"
 
 class QAbstractButton;
+class QButtonGroup;
 class QLineEdit;
 
 namespace practice::desktop {
@@ -158,6 +159,7 @@ class PageBrowser : public QTextBrowser {
   std::vector<Link> links_;
   /// Index in links_ by index in RichText::links.
   std::vector<int> link_of_node_;
+  QButtonGroup* radio_group_;
   std::vector<QWidget*> radios_;
   std::vector<QWidget*> check_boxes_;
   std::vector<QWidget*> line_edits_;

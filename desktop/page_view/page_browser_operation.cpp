@@ -1,5 +1,4 @@
 // How a PageBrowser answers to the mouse and the keyboard.
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -7,7 +6,6 @@
 #include <QStringList>
 #include <QTextCursor>
 #include <QWheelEvent>
-#include <QDebug>
 #include <algorithm>
 #include <cctype>
 #include <string_view>
@@ -44,8 +42,7 @@ bool is_outward(const QString& address) {
 }  // namespace
 
 bool PageBrowser::has_focus_within() const {
-  const QWidget* focus = QApplication::focusWidget();
-  if (focus == nullptr) focus = window()->focusWidget();
+  const QWidget* focus = window()->focusWidget();
   return focus != nullptr && (focus == this || isAncestorOf(focus));
 }
 
@@ -145,10 +142,11 @@ bool PageBrowser::focusNextPrevChild(bool next) {
   const std::vector<Stop> all = stops();
   const Field* field = focused_field();
   // A radio that is no stop itself still tells where the focus is.
-  const int here = field != nullptr        ? field->position
-                   : current_link_ >= 0    ? links_[static_cast<std::size_t>(current_link_)].ranges.front().first
-                   : next                  ? -1
-                                           : 0;
+  const int here = field != nullptr ? field->position
+                   : current_link_ >= 0
+                       ? links_[static_cast<std::size_t>(current_link_)].ranges.front().first
+                   : next ? -1
+                          : 0;
   const Stop* target = nullptr;
   for (const Stop& stop : all) {
     if (next && stop.position > here) {
@@ -161,12 +159,13 @@ bool PageBrowser::focusNextPrevChild(bool next) {
     focus_stop(*target, next);
     return true;
   }
-  // On to the window's next stop, which must not be this page again.
-  setFocusPolicy(Qt::NoFocus);
-  const bool left = QWidget::focusNextPrevChild(next);
-  if (getenv("DBG")) qWarning() << "left" << left << QApplication::focusWidget() << window()->focusWidget();
-  setFocusPolicy(Qt::TabFocus);
-  if (left) return true;
+  // The inputs are made late, so their own place in the window's order of focus tells nothing: the
+  // search for the next stop starts at the page itself.
+  {
+    const QScopedValueRollback keeping(keeps_focus_, true);
+    setFocus(Qt::OtherFocusReason);
+  }
+  if (QWidget::focusNextPrevChild(next)) return true;
   if (all.empty()) return false;
   focus_stop(next ? all.front() : all.back(), next);
   return true;

@@ -1,4 +1,5 @@
 // The native inputs of a PageBrowser: kept from page to page, mirrored from the document.
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -15,12 +16,19 @@ namespace {
 
 constexpr int longest_value = 10'000;
 
-/// Which radio buttons belong together is the document's to say, not their parent widget's.
+/// Which radio buttons belong together is the document's to say, not their parent widget's. So all
+/// are in one group that excludes nothing; without it they would have to give up autoExclusive,
+/// by which screen readers are told radio buttons from check boxes.
 class Radio : public QRadioButton {
  public:
-  explicit Radio(QWidget* parent) : QRadioButton(parent) { setAutoExclusive(false); }
+  Radio(QWidget* parent, QButtonGroup& group) : QRadioButton(parent) { group.addButton(this); }
 
  protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QRadioButton::focusInEvent(event);
+    // The base class makes the radio button with the focus its group's stop for Tab.
+    setFocusPolicy(Qt::ClickFocus);
+  }
   void nextCheckState() override { setChecked(true); }
   bool hitButton(const QPoint& point) const override { return rect().contains(point); }
 };
@@ -52,7 +60,7 @@ void PageBrowser::adopt(QWidget& widget) {
 QAbstractButton* PageBrowser::new_mark(html::InputKind kind) {
   QAbstractButton* mark = nullptr;
   if (kind == html::InputKind::radio) {
-    mark = new Radio(viewport());
+    mark = new Radio(viewport(), *radio_group_);
   } else {
     mark = new Check(viewport());
   }
@@ -128,9 +136,8 @@ void PageBrowser::mirror() {
 }
 
 PageBrowser::Field* PageBrowser::field_of(const QObject* widget) {
-  const auto found = std::find_if(fields_.begin(), fields_.end(), [widget](const Field& field) {
-    return field.widget == widget;
-  });
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [widget](const Field& field) { return field.widget == widget; });
   return found == fields_.end() ? nullptr : &*found;
 }
 
@@ -164,9 +171,8 @@ void PageBrowser::choose(html::Input& input, Qt::FocusReason reason) {
     view_->document.set_checked(input, checked);
   }
   if (is_drawn) {
-    const auto found = std::find_if(fields_.begin(), fields_.end(), [&](const Field& field) {
-      return field.input == &input;
-    });
+    const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                    [&](const Field& field) { return field.input == &input; });
     if (found != fields_.end()) focus_field(*found, reason);
   }
   if (input.kind != html::InputKind::text) notify_edited();

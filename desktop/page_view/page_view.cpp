@@ -57,8 +57,7 @@ void PageView::show_view(html::View& view, double scale) {
     if (picture_.empty()) {
       shows_picture_ = false;
       page_->show_page(view, scale);
-      layout_->setCurrentWidget(page_);
-      setFocusProxy(page_);
+      bring_up_page();
     } else {
       show_picture(view);
     }
@@ -73,8 +72,7 @@ void PageView::show_picture(html::View& view) {
   shows_picture_ = !picture.isNull();
   if (!shows_picture_) {
     page_->show_failure(view, scale_);
-    layout_->setCurrentWidget(page_);
-    setFocusProxy(page_);
+    bring_up_page();
     return;
   }
   picture_area_->setAccessibleName(QFileInfo(path).fileName());
@@ -83,6 +81,13 @@ void PageView::show_picture(html::View& view) {
   layout_->setCurrentWidget(picture_area_);
   picture_area_->show_picture(picture, scale_);
   if (had_focus) picture_area_->setFocus();
+}
+
+void PageView::bring_up_page() {
+  const bool had_focus = picture_area_ == window()->focusWidget();
+  setFocusProxy(page_);
+  layout_->setCurrentWidget(page_);
+  if (had_focus) page_->focus_first_input();
 }
 
 void PageView::forget() {

@@ -93,10 +93,11 @@ void PictureArea::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   const QRect target(top_left(), drawn_size());
-  if (target.size().width() * 2 < picture_.width()) {
+  const QSize sharp = (QSizeF(target.size()) * devicePixelRatioF()).toSize();
+  if (sharp.width() * 2 < picture_.width()) {
     // Sampling between neighbours alone drops thin lines of a picture made much smaller.
-    painter.drawPixmap(target.topLeft(), picture_.scaled(target.size(), Qt::IgnoreAspectRatio,
-                                                         Qt::SmoothTransformation));
+    painter.drawPixmap(target,
+                       picture_.scaled(sharp, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
   } else {
     painter.drawPixmap(target, picture_);
   }

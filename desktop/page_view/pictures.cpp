@@ -53,7 +53,8 @@ QString without_file_scheme(const QString& path) {
 QString find_on_disk(const QString& path) {
   const QString slashed = with_slashes(path);
   if (slashed.isEmpty()) return {};
-  const QString absolute = QDir::isAbsolutePath(slashed) ? slashed : QDir::currentPath() + u'/' + slashed;
+  const QString absolute =
+      QDir::isAbsolutePath(slashed) ? slashed : QDir::currentPath() + u'/' + slashed;
   const std::optional<QString> found = follow(QString(), absolute.split(u'/'));
   if (!found) return {};
   return found->isEmpty() ? u"/"_s : *found;
@@ -92,7 +93,8 @@ QImage read_picture(const QString& path) {
   const qint64 pixels = qint64{size.width()} * size.height();
   if (pixels > most_pixels) return {};
   if (pixels > most_kept_pixels) {
-    const double part = std::sqrt(static_cast<double>(most_kept_pixels) / static_cast<double>(pixels));
+    const double part =
+        std::sqrt(static_cast<double>(most_kept_pixels) / static_cast<double>(pixels));
     reader.setScaledSize(QSize(std::max(1, static_cast<int>(size.width() * part)),
                                std::max(1, static_cast<int>(size.height() * part))));
   }

@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #include "page_look.h"
-#include "page_view/pictures.h"
 #include "page_view/rich_text.h"
 
 using namespace Qt::StringLiterals;
@@ -23,16 +22,14 @@ constexpr int printed_indicator = 12;
 
 }  // namespace
 
-void print_page(html::View& view, Pictures& pictures, const QFont& fallback, double scale,
-                QPrinter& printer) {
+void print_page(html::View& view, const std::function<QPixmap(std::string_view source)>& picture,
+                const QFont& fallback, double scale, QPrinter& printer) {
   const QFont font = page_font(view.document.style(), fallback);
   Look look = look_of(font, scale, static_cast<int>(printed_indicator * scale), paper_colours());
   const double sheet = printer.pageRect(QPrinter::Inch).width() - 2 * sheet_margin_inches;
   look.column = std::max(100, static_cast<int>(sheet * 96 * scale));
   look.marks_as_text = true;
-  look.picture_size = [&](std::string_view source) {
-    return pictures.find(qt_text(source)).size() * scale;
-  };
+  look.picture_size = [&](std::string_view source) { return picture(source).size() * scale; };
 
   QTextDocument paper;
   paper.setDefaultFont(font);
@@ -40,7 +37,7 @@ void print_page(html::View& view, Pictures& pictures, const QFont& fallback, dou
   const RichText text = rich_text(view.document, look);
   for (std::size_t i = 0; i < text.pictures.size(); ++i) {
     paper.addResource(QTextDocument::ImageResource, QUrl("picture:"_L1 + QString::number(i)),
-                      pictures.find(qt_text(text.pictures[i].source)));
+                      picture(text.pictures[i].source));
   }
   paper.setHtml(text.html);
   paper.setMetaInformation(QTextDocument::DocumentTitle, qt_text(view.document.title()));

@@ -1,12 +1,10 @@
 #include "page_view/rich_text.h"
 
 #include <algorithm>
-#include <cctype>
-#include <charconv>
 #include <string>
-#include <unordered_map>
 #include <utility>
 
+#include "page_tags.h"
 #include "rich_text_runs.h"
 
 using namespace Qt::StringLiterals;
@@ -30,76 +28,10 @@ constexpr int most_cells = 1'000;
 constexpr int most_columns = 30;
 constexpr int largest_picture = 4'000;
 
-enum class Tag {
-  flat,
-  hidden,
-  paragraph,
-  division,
-  centre,
-  heading,
-  quote,
-  preformatted,
-  rule,
-  line_break,
-  image,
-  input,
-  anchor,
-  bold,
-  italic,
-  underlined,
-  struck,
-  subscript,
-  superscript,
-  typewriter,
-  larger,
-  smaller,
-  font,
-  bullets,
-  numbers,
-  item,
-  table,
-  row,
-  cell,
-};
-
-Tag tag_of(const std::string& name) {
-  static const std::unordered_map<std::string, Tag> tags = {
-      {"head", Tag::hidden},         {"title", Tag::hidden},     {"script", Tag::hidden},
-      {"style", Tag::hidden},        {"noscript", Tag::hidden},  {"template", Tag::hidden},
-      {"select", Tag::hidden},       {"object", Tag::hidden},    {"applet", Tag::hidden},
-      {"iframe", Tag::hidden},       {"p", Tag::paragraph},      {"div", Tag::division},
-      {"form", Tag::division},       {"body", Tag::division},    {"html", Tag::division},
-      {"address", Tag::division},    {"fieldset", Tag::division}, {"caption", Tag::division},
-      {"dl", Tag::paragraph},        {"dt", Tag::division},      {"dd", Tag::quote},
-      {"center", Tag::centre},       {"h1", Tag::heading},       {"h2", Tag::heading},
-      {"h3", Tag::heading},          {"h4", Tag::heading},       {"h5", Tag::heading},
-      {"h6", Tag::heading},          {"blockquote", Tag::quote}, {"pre", Tag::preformatted},
-      {"hr", Tag::rule},             {"br", Tag::line_break},    {"img", Tag::image},
-      {"input", Tag::input},         {"a", Tag::anchor},         {"b", Tag::bold},
-      {"strong", Tag::bold},         {"i", Tag::italic},         {"em", Tag::italic},
-      {"cite", Tag::italic},         {"var", Tag::italic},       {"u", Tag::underlined},
-      {"ins", Tag::underlined},      {"s", Tag::struck},         {"strike", Tag::struck},
-      {"del", Tag::struck},          {"sub", Tag::subscript},    {"sup", Tag::superscript},
-      {"tt", Tag::typewriter},       {"code", Tag::typewriter},  {"kbd", Tag::typewriter},
-      {"samp", Tag::typewriter},     {"big", Tag::larger},       {"small", Tag::smaller},
-      {"font", Tag::font},           {"ul", Tag::bullets},       {"menu", Tag::bullets},
-      {"ol", Tag::numbers},          {"li", Tag::item},          {"table", Tag::table},
-      {"tr", Tag::row},              {"td", Tag::cell},          {"th", Tag::cell},
-  };
-  const auto found = tags.find(name);
-  return found == tags.end() ? Tag::flat : found->second;
-}
-
-/// The whole number that an attribute opens with; -1 when it holds none or a share of the page.
-int number_of(std::string_view attribute) {
-  int number = -1;
-  const auto [end, error] =
-      std::from_chars(attribute.data(), attribute.data() + attribute.size(), number);
-  const bool is_share = end != attribute.data() + attribute.size() && *end == '%';
-  return error == std::errc() && number >= 0 && !is_share ? number : -1;
-}
-
-enum class Align { left, centre, right };
+// Characters.
+constexpr int default_input_size = 20;
+constexpr int largest_input_size = 200;
+constexpr int longest_blank = 40;
 
 /// What an element hands down to its children.
 struct Context {
@@ -113,33 +45,6 @@ struct Context {
   /// Counts the items of a numbered list; null in others.
   int* item_number = nullptr;
 };
-
-Align align_of(const html::Node& node, Align inherited) {
-  std::string align(node.attribute("align"));
-  for (char& c : align) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (align == "center" || align == "middle") return Align::centre;
-  if (align == "right") return Align::right;
-  return align == "left" || align == "justify" ? Align::left : inherited;
-}
-
-/// The rows of a table, whether or not they stand in a table body.
-void collect_rows(const html::Node& node, std::vector<html::Node*>& rows, int depth = 0) {
-  for (const auto& child : node.children) {
-    if (child->tag == "tr") {
-      rows.push_back(child.get());
-    } else if (depth == 0 && child->tag.size() == 5 && child->tag.front() == 't') {
-      collect_rows(*child, rows, depth + 1);
-    }
-  }
-}
-
-std::vector<html::Node*> cells_of(const html::Node& row) {
-  std::vector<html::Node*> cells;
-  for (const auto& child : row.children) {
-    if (child->tag == "td" || child->tag == "th") cells.push_back(child.get());
-  }
-  return cells;
-}
 
 class Writer {
  public:
@@ -332,8 +237,9 @@ class Writer {
     gap_ = std::max(gap_, line_gap);
     begin_text(context);
     shape_ = Shape::item;
-    const QString mark =
-        context.item_number == nullptr ? u"\u2022"_s : QString::number(++*context.item_number) + u'.';
+    const QString mark = context.item_number == nullptr
+                             ? u"\u2022"_s
+                             : QString::number(++*context.item_number) + u'.';
     runs_.add_object(mark + u'\t', RunStyle());
     context.item_number = nullptr;
     children(node, context, depth);
@@ -343,8 +249,7 @@ class Writer {
   // A table that only lays out the page in one column is no table to the reader.
   void table(html::Node& node, Context& context, int depth) {
     context.align = Align::left;
-    std::vector<html::Node*> rows;
-    collect_rows(node, rows);
+    const std::vector<html::Node*> rows = rows_of(node);
     std::size_t cells = 0;
     std::size_t columns = 0;
     for (const html::Node* row : rows) {
@@ -367,8 +272,9 @@ class Writer {
 
   void write_table(const std::vector<html::Node*>& rows, const Context& context, int depth,
                    bool has_border) {
-    html() += u"<table cellspacing=\"0\" cellpadding=\"%1\" style=\"margin-top:%2px"_s.arg(pixels(4)).arg(
-        pixels(is_first_ ? 0 : std::max(gap_, paragraph_gap)));
+    html() +=
+        u"<table cellspacing=\"0\" cellpadding=\"%1\" style=\"margin-top:%2px"_s.arg(pixels(4)).arg(
+            pixels(is_first_ ? 0 : std::max(gap_, paragraph_gap)));
     if (has_border) {
       html() += ";border-collapse:collapse;border-style:solid;border-color:"_L1 +
                 look_.rule_colour + "\" border=\"1"_L1;
@@ -379,7 +285,8 @@ class Writer {
       for (html::Node* cell : cells_of(*row)) {
         html() += "<td"_L1;
         const int span = number_of(cell->attribute("colspan"));
-        if (span > 1 && span <= most_columns) html() += " colspan=\""_L1 + QString::number(span) + u'"';
+        if (span > 1 && span <= most_columns)
+          html() += " colspan=\""_L1 + QString::number(span) + u'"';
         html() += u'>';
         Context inner = context;
         inner.align = align_of(*cell, align_of(*row, Align::left));
@@ -400,8 +307,7 @@ class Writer {
   void rule() {
     end_block();
     if (blocks_-- <= 0) return;
-    html() += "<hr style=\"margin-top:"_L1 +
-              QString::number(pixels(is_first_ ? 0 : rule_gap)) +
+    html() += "<hr style=\"margin-top:"_L1 + QString::number(pixels(is_first_ ? 0 : rule_gap)) +
               "px;margin-bottom:0px;background-color:"_L1 + look_.rule_colour + "\">"_L1;
     is_first_ = false;
     gap_ = rule_gap;
@@ -414,7 +320,8 @@ class Writer {
     const int width = number_of(node.attribute("width"));
     const int height = number_of(node.attribute("height"));
     if (width > 0 && height > 0) {
-      size = QSize(pixels(std::min(width, largest_picture)), pixels(std::min(height, largest_picture)));
+      size = QSize(pixels(std::min(width, largest_picture)),
+                   pixels(std::min(height, largest_picture)));
     } else if (width > 0) {
       size = size.scaled(pixels(std::min(width, largest_picture)), 1 << 24, Qt::KeepAspectRatio);
     } else if (height > 0) {
@@ -424,8 +331,9 @@ class Writer {
     const QSize drawn = fitted_picture(size, look_.column);
     if (runs_.empty()) begin_text(context);
     has_object_ = true;
-    runs_.add_object(image_tag("picture:"_L1 + QString::number(result_.pictures.size()), drawn) + u'>',
-                     context.style);
+    runs_.add_object(
+        image_tag("picture:"_L1 + QString::number(result_.pictures.size()), drawn) + u'>',
+        context.style);
     result_.pictures.push_back({source, size});
   }
 
@@ -447,7 +355,7 @@ class Writer {
 
   void input(const html::Node& node, const Context& context) {
     const html::Input* found = find_input(node);
-    if (found == nullptr || found->kind == html::InputKind::other) return;
+    if (found == nullptr || found->kind == html::InputKind::other || characters_ <= 0) return;
     saw_input_ = true;
     const std::size_t index = next_input_ - 1;
     if (found->kind == html::InputKind::text) {
@@ -465,20 +373,23 @@ class Writer {
 
   QString mark(const html::Input& found, std::size_t index) {
     if (look_.marks_as_text || result_.fields.size() >= most_fields) {
-      if (found.kind == html::InputKind::radio) return found.checked ? u"(\u2022)\t"_s : u"(\u2007)\t"_s;
-      return found.checked ? u"[x]\t"_s : u"[\u2007]\t"_s;
+      if (found.kind == html::InputKind::radio) return found.checked ? u"(\u2022)\t"_s : u"( )\t"_s;
+      return found.checked ? u"[x]\t"_s : u"[ ]\t"_s;
     }
     return placeholder(index, QSize(look_.hang, look_.mark_height)) + u'>';
   }
 
   QString text_field(const html::Input& found, std::size_t index) {
-    const int characters = std::clamp(found.size > 0 ? found.size : 20, 1, 200);
+    const int characters =
+        std::clamp(found.size > 0 ? found.size : default_input_size, 1, largest_input_size);
     if (look_.marks_as_text || result_.fields.size() >= most_fields) {
       QString typed = qt_text(found.value).left(1'000);
-      if (typed.size() < characters) typed.append(QString(characters - typed.size(), u'\u00a0'));
+      const auto gap = std::min<qsizetype>(characters - typed.size(), longest_blank);
+      if (gap > 0) typed.append(QString(gap, u'\u00a0'));
+      characters_ -= static_cast<int>(typed.size());
       QString escaped;
       append_escaped(escaped, typed);
-      return "<u>"_L1 + escaped + "</u>"_L1;
+      return "<u>"_L1 + escaped + "</u> "_L1;
     }
     const QSize size(characters * look_.character_width + look_.field_extra, look_.field_height);
     return placeholder(index, size) + " style=\"vertical-align:middle\">"_L1;
@@ -595,7 +506,8 @@ class Writer {
       html() += align_ == Align::centre ? " align=\"center\""_L1 : " align=\"right\""_L1;
     }
     html() += " style=\"line-height:"_L1 + QString::number(line_height_percent) + u'%';
-    if (!is_first_ && gap_ > 0) html() += ";margin-top:"_L1 + QString::number(pixels(gap_)) + "px"_L1;
+    if (!is_first_ && gap_ > 0)
+      html() += ";margin-top:"_L1 + QString::number(pixels(gap_)) + "px"_L1;
     if (left > 0) html() += ";margin-left:"_L1 + QString::number(left) + "px"_L1;
     if (hang > 0) html() += ";text-indent:-"_L1 + QString::number(hang * look_.hang) + "px"_L1;
     if (is_quiet) html() += ";color:"_L1 + look_.quiet_colour;

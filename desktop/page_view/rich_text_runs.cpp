@@ -9,6 +9,10 @@ using namespace Qt::StringLiterals;
 namespace practice::desktop {
 namespace {
 
+// Breaking a word over many lines takes time by the square of its length.
+constexpr int longest_word = 200;
+constexpr char16_t zero_width_space = 0x200b;
+
 bool is_html_blank(QChar c) {
   return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r' || c == u'\f';
 }
@@ -61,14 +65,17 @@ void append_styled(QString& html, const Run& run, const Look& look) {
 
 int Runs::add_text(QStringView text, const RunStyle& style, bool keeps_blanks, int room) {
   int taken = 0;
+  int word = 0;
   QString* open = nullptr;
   const auto append = [&](QChar c) {
     if (open == nullptr) {
-      const bool joins = !runs_.empty() && runs_.back().kind == Run::Kind::text &&
-                         runs_.back().style == style;
+      const bool joins =
+          !runs_.empty() && runs_.back().kind == Run::Kind::text && runs_.back().style == style;
       if (!joins) runs_.push_back({Run::Kind::text, QString(), style});
       open = &runs_.back().text;
     }
+    word = c.isSpace() ? 0 : word + 1;
+    if (word % longest_word == 0 && word > 0 && !c.isLowSurrogate()) open->append(zero_width_space);
     open->append(c);
     ++taken;
   };
@@ -82,6 +89,7 @@ int Runs::add_text(QStringView text, const RunStyle& style, bool keeps_blanks, i
       if (c != u'\r') append(u' ');
     } else if (is_html_blank(c) || is_structural(c)) {
       blank_pending_ = true;
+      word = 0;
     } else {
       if (blank_pending_ && !line_empty_) {
         // No link, underlined text or code should begin or end with a blank.
@@ -121,9 +129,8 @@ void Runs::trim_end() {
 }
 
 int Runs::trim_start() {
-  const auto first = std::find_if(runs_.begin(), runs_.end(), [](const Run& run) {
-    return run.kind != Run::Kind::line_break;
-  });
+  const auto first = std::find_if(runs_.begin(), runs_.end(),
+                                  [](const Run& run) { return run.kind != Run::Kind::line_break; });
   const auto count = static_cast<int>(first - runs_.begin());
   runs_.erase(runs_.begin(), first);
   return count;

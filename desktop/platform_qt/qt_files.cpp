@@ -1,8 +1,8 @@
-#include <unistd.h>
-
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <unistd.h>
 
 #include "platform/values/fault.h"
 #include "platform_qt/qt_platform.h"
@@ -13,10 +13,14 @@ namespace {
 
 Fault fault_of(const QFileDevice& file) {
   switch (file.error()) {
-    case QFileDevice::PermissionsError: return Fault::permission_denied();
-    case QFileDevice::ResourceError: return Fault::disk_full();
-    case QFileDevice::WriteError: return Fault::disk_full();
-    default: break;
+    case QFileDevice::PermissionsError:
+      return Fault::permission_denied();
+    case QFileDevice::ResourceError:
+      return Fault::disk_full();
+    case QFileDevice::WriteError:
+      return Fault::disk_full();
+    default:
+      break;
   }
   const QFileInfo folder(QFileInfo(file.fileName()).absolutePath());
   if (!folder.isDir()) return Fault::path_not_found();

@@ -13,6 +13,7 @@
 #include <chrono>
 
 #include "platform/values/fault.h"
+#include "platform/values/text.h"
 #include "text.h"
 
 namespace practice::desktop {
@@ -45,12 +46,11 @@ QString program_at(std::string_view path) {
 
 std::string QtSettings::get(std::string_view application, std::string_view section,
                             std::string_view key, std::string_view default_value) const {
-  return from_qt(
-      store(application).value(key_of(section, key), to_qt(default_value)).toString());
+  return from_qt(store(application).value(key_of(section, key), to_qt(default_value)).toString());
 }
 
-void QtSettings::save(std::string_view application, std::string_view section,
-                      std::string_view key, std::string_view value) {
+void QtSettings::save(std::string_view application, std::string_view section, std::string_view key,
+                      std::string_view value) {
   QSettings settings = store(application);
   settings.setValue(key_of(section, key), to_qt(value));
   settings.sync();
@@ -85,6 +85,12 @@ void QtShell::start(std::string_view command_line) {
     return;
   }
   throw Fault::file_not_found();
+}
+
+void QtShell::send_media_command(std::string_view command) {
+  constexpr std::string_view play = "play ";
+  if (!command.starts_with(play)) return;
+  open(trim(command.substr(play.size())), {}, WindowShow::normal);
 }
 
 std::string QtShell::class_of(std::string_view extension) const {
@@ -123,15 +129,21 @@ float QtRandom::next() {
 
 Answer QtMessages::show(const MessageBox& box) {
   QMessageBox window(before_a_box ? before_a_box() : nullptr);
-  window.setWindowTitle(box.title.empty() ? QCoreApplication::applicationName()
-                                          : to_qt(box.title));
+  window.setWindowTitle(box.title.empty() ? QCoreApplication::applicationName() : to_qt(box.title));
   window.setTextFormat(Qt::PlainText);
   window.setText(to_qt(box.text));
   switch (box.icon) {
-    case Icon::none: break;
-    case Icon::stop: window.setIcon(QMessageBox::Critical); break;
-    case Icon::question: window.setIcon(QMessageBox::Question); break;
-    case Icon::information: window.setIcon(QMessageBox::Information); break;
+    case Icon::none:
+      break;
+    case Icon::stop:
+      window.setIcon(QMessageBox::Critical);
+      break;
+    case Icon::question:
+      window.setIcon(QMessageBox::Question);
+      break;
+    case Icon::information:
+      window.setIcon(QMessageBox::Information);
+      break;
   }
   switch (box.buttons) {
     case Buttons::ok:
@@ -147,10 +159,14 @@ Answer QtMessages::show(const MessageBox& box) {
       break;
   }
   switch (window.exec()) {
-    case QMessageBox::Yes: return Answer::yes;
-    case QMessageBox::No: return Answer::no;
-    case QMessageBox::Cancel: return Answer::cancel;
-    default: return Answer::ok;
+    case QMessageBox::Yes:
+      return Answer::yes;
+    case QMessageBox::No:
+      return Answer::no;
+    case QMessageBox::Cancel:
+      return Answer::cancel;
+    default:
+      return Answer::ok;
   }
 }
 

@@ -33,6 +33,7 @@ class QtShell : public Shell {
  public:
   int open(std::string_view target, std::string_view folder, WindowShow show) override;
   void start(std::string_view command_line) override;
+  void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
 };
 

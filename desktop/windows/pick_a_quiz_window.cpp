@@ -88,8 +88,8 @@ QWidget* PickAQuizWindow::options_page() {
   widget("timeamount")->setAccessibleName(QStringLiteral("Minutes"));
   widget("VScroll1")->setMaximumHeight(widget("timeamount")->sizeHint().height());
   widget("VScroll1")->setAccessibleName(QStringLiteral("Minutes"));
-  time_column->addLayout(row({widget("timeamount"), widget("timeamountlabel"),
-                              widget("VScroll1")}));
+  time_column->addLayout(
+      row({widget("timeamount"), widget("timeamountlabel"), widget("VScroll1")}));
 
   auto heading = [&](const char* name) {
     QWidget* label = widget(name);
@@ -106,12 +106,12 @@ QWidget* PickAQuizWindow::options_page() {
     return box;
   };
   auto* grid = new QGridLayout(page);
-  grid->addWidget(boxed({heading("lblshowanswers"), widget("answer_when_wrong"),
-                         widget("answer_when_right")}),
-                  0, 0);
-  grid->addWidget(boxed({heading("lblrandomization"), widget("random_questions"),
-                         widget("random_answers")}),
-                  0, 1);
+  grid->addWidget(
+      boxed({heading("lblshowanswers"), widget("answer_when_wrong"), widget("answer_when_right")}),
+      0, 0);
+  grid->addWidget(
+      boxed({heading("lblrandomization"), widget("random_questions"), widget("random_answers")}), 0,
+      1);
   grid->addWidget(boxed({widget("scoregraph"), widget("backb"), widget("showhowmanyanswers"),
                          widget("chkEmbed"), widget("askwrong")}),
                   1, 0);

@@ -88,15 +88,22 @@ void TheAnswerWindow::arrange() {
 }
 
 void FinalScoreWindow::arrange() {
-  for (const ControlEntry& entry : screen().controls()) place(entry.name, entry.index);
+  for (const ControlEntry& entry : screen().controls()) {
+    place(entry.name, entry.index);
+    // Its places are those of a narrower font than today's desktops have.
+    enlarge(*widget(entry.name, entry.index), 0.88, false);
+  }
   widget("right_score")->raise();
   QFont courier(QStringLiteral("Courier New"));
   courier.setStyleHint(QFont::Monospace);
-  courier.setPointSizeF(font().pointSizeF());
+  courier.setPointSizeF(widget("List1")->font().pointSizeF());
   widget("list_cat")->setFont(courier);
   for (const char* name : {"rig", "tot", "per", "Label4"}) enlarge(*widget(name), 1.15, true);
   for (const char* name : {"Label1", "Label2", "Label3"}) {
     static_cast<QLabel*>(widget(name))->setAlignment(Qt::AlignRight | Qt::AlignTop);
+  }
+  for (const char* name : {"rig", "tot", "per"}) {
+    static_cast<QLabel*>(widget(name))->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   }
   static_cast<QLabel*>(widget("Label4"))->setWordWrap(true);
   static_cast<QLabel*>(widget("Label5"))->setAlignment(Qt::AlignCenter);

@@ -25,17 +25,24 @@ void View::finish_navigation(Files& files) {
   if (!navigating_) return;
   navigating_ = false;
   std::string_view path = address_;
-  if (upper(path.substr(0, file_scheme.size())) == file_scheme) path.remove_prefix(file_scheme.size());
-  const bool found = files.exists(path);
+  if (upper(path.substr(0, file_scheme.size())) == file_scheme)
+    path.remove_prefix(file_scheme.size());
+  bool found = files.exists(path);
+  std::string page;
   picture_.clear();
-  document.open();
-  if (!found) {
-    document.write("<html><body><p>The page cannot be displayed.</p></body></html>");
-  } else if (is_page(path)) {
-    document.write(files.read(path));
-  } else {
+  if (found && is_page(path)) {
+    try {
+      page = files.read(path);
+    } catch (const Fault&) {
+      // A page that can not be read is as good as none.
+      found = false;
+    }
+  } else if (found) {
     picture_ = path;
   }
+  if (!found) page = "<html><body><p>The page cannot be displayed.</p></body></html>";
+  document.open();
+  document.write(page);
   document.close();
   if (!found) return;
   if (document_complete) document_complete();

@@ -178,8 +178,9 @@ std::string text_form_tenths(double number) {
   // Not by printf, whose decimal point is the one of the student's country.
   const long long tenths = std::llround(number * 10);
   const long long size = std::llabs(tenths);
-  std::string result = (tenths < 0 ? "-" : " ") + std::to_string(size / 10);
-  if (size % 10 != 0) result += '.' + std::to_string(size % 10);
+  std::string result = tenths < 0 ? "-" : " ";
+  result += std::to_string(size / 10);
+  if (size % 10 != 0) result.append(".").append(std::to_string(size % 10));
   return result;
 }
 

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -700,10 +701,11 @@ TEST(TheBankCompiler, WritesARowWithAllThatItHolds) {
 class TheBankCompilerProgram : public testing::Test {
  protected:
   TheBankCompilerProgram() {
-    const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-    root_ = fs::temp_directory_path() / ("bank_compiler_" + name);
-    fs::remove_all(root_);
-    fs::create_directories(root_);
+    // Two builds may run their tests at the same time.
+    do {
+      root_ =
+          fs::temp_directory_path() / ("bank_compiler_" + std::to_string(std::random_device()()));
+    } while (!fs::create_directory(root_));
   }
   ~TheBankCompilerProgram() override { fs::remove_all(root_); }
 

@@ -37,80 +37,129 @@ struct ExpectedExam {
 };
 
 const ExpectedExam expected_exams[] = {
-    {"46000", "FALCO", "bw_falco.dat", "C:\\exam\\bw_falco\\", "book_falco.pdf",
-     "FALCO_front_cover.jpg", "FALCO_photo.jpg", "",
+    {"46000",
+     "FALCO",
+     "bw_falco.dat",
+     "C:\\exam\\bw_falco\\",
+     "book_falco.pdf",
+     "FALCO_front_cover.jpg",
+     "FALCO_photo.jpg",
+     "",
      {"FALCO Book Quiz", "FALCO CD-ROM Quiz", "Full FALCO Exam"},
      {"", "Includes questions from the Book and CD-ROM combined.", ""},
-     "Brightwater JASPER FALCO", "falco.authors@brightwater.example",
+     "Brightwater JASPER FALCO",
+     "falco.authors@brightwater.example",
      {"5.20", "5.20", "5.20"},
      {"Brightwater Questions for the JASPER FALCO book.",
       "Marlo's Questions for the JASPER FALCO book.",
       "Combination of marlo and brightwater questions. (100 from Marlo)."},
      {20, 21, 21}},
-    {"46002", "ROBIN", "bw_robin.dat", "C:\\exam\\bw_robin\\", "book_robin.pdf",
-     "ROBIN_front_cover.jpg", "FALCO_photo.jpg", "bw_robin.exe",
+    {"46002",
+     "ROBIN",
+     "bw_robin.dat",
+     "C:\\exam\\bw_robin\\",
+     "book_robin.pdf",
+     "ROBIN_front_cover.jpg",
+     "FALCO_photo.jpg",
+     "bw_robin.exe",
      {"ROBIN Book Questions", "ROBIN CD-ROM Questions", "Full ROBIN Exam"},
      {chapter_questions, "Unique multiple choice, fill-in-the-blank and drag & drop questions.",
       complete_exam},
-     "Brightwater Press ROBIN", "robin.authors@brightwater.example",
+     "Brightwater Press ROBIN",
+     "robin.authors@brightwater.example",
      {"5.11", "5.11", "5.11"},
      {"Brightwater Questions for the ROBIN book.", "Marlo Questions for the ROBIN book.",
       "ROBIN Combo"},
      {19, 1, 20}},
-    {"46003", "EGRET", "bw_egret.dat", "C:\\exam\\bw_egret\\", "book_egret.pdf",
-     "JASPER_EGRET_Front_Cover.jpg", "FALCO_photo.jpg", "bw_egret.exe",
+    {"46003",
+     "EGRET",
+     "bw_egret.dat",
+     "C:\\exam\\bw_egret\\",
+     "book_egret.pdf",
+     "JASPER_EGRET_Front_Cover.jpg",
+     "FALCO_photo.jpg",
+     "bw_egret.exe",
      {"Book Questions", "CD-ROM Questions", "Full JASPER EGRET Exam"},
      {chapter_questions,
       "Unique multiple choice, fill-in-the-blank, drag & drop, and simulation questions.",
       complete_exam},
-     "Brightwater Press EGRET", "egret.authors@brightwater.example",
+     "Brightwater Press EGRET",
+     "egret.authors@brightwater.example",
      {"5.22", "5.22", "5.22"},
      {"Brightwater Press Questions for the EGRET book.",
       "Marlo's questions for the Brightwater Press EGRET.",
       "Combination of Marlo and Brightwater Press questions for the EGRET book."},
      {18, 19, 18}},
-    {"46004", "LARK", "bw_lark.dat", "C:\\exam\\bw_lark\\", "book_lark.pdf",
-     "JASPER_LARK_ECG_Front_Cover.jpg", "FALCO_photo.jpg", "bw_lark.exe",
+    {"46004",
+     "LARK",
+     "bw_lark.dat",
+     "C:\\exam\\bw_lark\\",
+     "book_lark.pdf",
+     "JASPER_LARK_ECG_Front_Cover.jpg",
+     "FALCO_photo.jpg",
+     "bw_lark.exe",
      {"Book Questions", "CD-ROM Questions", "Full JASPER LARK Exam"},
      {chapter_questions,
       "Unique multiple choice, fill-in-the-blank, drag-and-drop questions, and simulation "
       "questions.",
       complete_exam},
-     "Brightwater Press LARK", "lark.authors@brightwater.example",
+     "Brightwater Press LARK",
+     "lark.authors@brightwater.example",
      {"5.12", "5.12", "5.23"},
      {"Brightwater Press Questions for the LARK book.",
       "Marlo's Questions for the Brightwater Press LARK.",
       "Combination of Marlo and Brightwater Press Questions for the Brightwater Press LARK."},
      {12, 14, 14}},
-    {"46005", "HERON", "bw_heron.dat", "C:\\exam\\bw_heron\\", "book_heron.pdf",
-     "JASPER_HERON_Front_Cover.jpg", "FALCO_photo.jpg", "bw_heron.exe",
+    {"46005",
+     "HERON",
+     "bw_heron.dat",
+     "C:\\exam\\bw_heron\\",
+     "book_heron.pdf",
+     "JASPER_HERON_Front_Cover.jpg",
+     "FALCO_photo.jpg",
+     "bw_heron.exe",
      {"Book Questions", "CD-ROM Questions", "Full JASPER HERON Exam"},
      {chapter_questions,
       "Unique multiple choice, fill-in-the-blank, drag & drop, and simulation questions.",
       complete_exam},
-     "Brightwater Press HERON", "heron.authors@brightwater.example",
+     "Brightwater Press HERON",
+     "heron.authors@brightwater.example",
      {"5.22", "5.22", "5.22"},
      {"Brightwater Press Questions for the HERON book.",
       "Marlo Questions for the Brightwater Press HERON book.", "Combo questions"},
      {18, 19, 18}},
-    {"46006", "MERLE", "bw_merle.dat", "C:\\exam\\bw_merle\\", "book_merle.pdf",
-     "OPAL_MERLE_ECG_Front_Cover.jpg", "OPAL_Photo.jpg", "bw_merle.exe",
+    {"46006",
+     "MERLE",
+     "bw_merle.dat",
+     "C:\\exam\\bw_merle\\",
+     "book_merle.pdf",
+     "OPAL_MERLE_ECG_Front_Cover.jpg",
+     "OPAL_Photo.jpg",
+     "bw_merle.exe",
      {"Book Questions", "CD-ROM Questions", "Full OPAL MERLE Exam"},
      {chapter_questions,
       "Unique multiple-choice, fill-in-the-blank, drag-and-drop, and simulation questions.",
       complete_exam},
-     "Brightwater Press MERLE", "merle.authors@brightwater.example",
+     "Brightwater Press MERLE",
+     "merle.authors@brightwater.example",
      {"5.14", "5.15", "5.15"},
      {"Brightwater Press Questions for the MERLE book.", "Marlo Questions for the MERLE book.",
       "Combination of Marlo and Brightwater Press questions. "},
      {20, 21, 21}},
-    {"46007", "WREN", "bw_wren.dat", "C:\\exam\\bw_wren\\", "book_wren.pdf",
-     "OPAL_WREN_ECG_Front_Cover.jpg", "OPAL_Photo.jpg", "bw_wren.exe",
+    {"46007",
+     "WREN",
+     "bw_wren.dat",
+     "C:\\exam\\bw_wren\\",
+     "book_wren.pdf",
+     "OPAL_WREN_ECG_Front_Cover.jpg",
+     "OPAL_Photo.jpg",
+     "bw_wren.exe",
      {"Book Questions", "CD-ROM Questions", "Full OPAL WREN Exam"},
      {chapter_questions,
       "Unique multiple-choice, fill-in-the-blank, drag-and-drop, and simulation questions.",
       complete_exam},
-     "OPAL - WREN", "wren.authors@brightwater.example",
+     "OPAL - WREN",
+     "wren.authors@brightwater.example",
      {"5.23", "5.15", "5.15"},
      {"Brightwater Press Questions for the WREN book.", "Marlo Questions for the WREN book.",
       "Cool"},
@@ -134,7 +183,8 @@ struct Shelf {
   }
   std::vector<std::string> categories() const {
     std::vector<std::string> names;
-    for (int i = 1; i <= catalogue.category_count; ++i) names.push_back(catalogue.category_names[i]);
+    for (int i = 1; i <= catalogue.category_count; ++i)
+      names.push_back(catalogue.category_names[i]);
     return names;
   }
 };
@@ -263,7 +313,9 @@ TEST_P(EveryExam, RowsKeepTheRulesThatReadersRelyOn) {
         EXPECT_GE(question.category, category) << "the book goes by chapters, row " << i;
         category = question.category;
       }
-      if (quiz == 2) EXPECT_NE(question.explanation, "") << i;
+      if (quiz == 2) {
+        EXPECT_NE(question.explanation, "") << i;
+      }
     }
   }
 }
@@ -272,9 +324,12 @@ TEST(LoadBank, TheBookListsOfChaptersEndWithTheSimulatorsInExtraBanks) {
   const struct {
     const char* code;
     const char* last;
-  } cases[] = {{"46000", "Simulator Questions"}, {"46003", "Simulation Questions"},
-               {"46004", "Simulator Questions"}, {"46005", "Simulator Questions"},
-               {"46006", "Simulator Questions"}, {"46007", "Simulator Questions"},
+  } cases[] = {{"46000", "Simulator Questions"},
+               {"46003", "Simulation Questions"},
+               {"46004", "Simulator Questions"},
+               {"46005", "Simulator Questions"},
+               {"46006", "Simulator Questions"},
+               {"46007", "Simulator Questions"},
                {"46002", "General"}};
   for (const auto& exam : cases) {
     Shelf shelf;
@@ -377,19 +432,28 @@ TEST(LoadBank, ReadsTheCodeThroughTheLettersOfTheCommandLine) {
   const struct {
     const char* line;
     const char* code;
-  } cases[] = {{"46002", "46002"},     {"46002a", "46002"},    {"p46002", "46002"},
-               {"4p60a02", "46002"},   {"  46002  ", "46002"}, {"aaaa46002", "46002"},
-               {"appa46002pp", "46002"}, {"46002A", "46002A"}, {"P46002", "P46002"},
-               {"46 002", "46 002"},   {"", ""},               {"ap", ""},
-               {"46002 a", "46002 "},  {"46002x", "46002x"}};
+  } cases[] = {{"46002", "46002"},
+               {"46002a", "46002"},
+               {"p46002", "46002"},
+               {"4p60a02", "46002"},
+               {"  46002  ", "46002"},
+               {"aaaa46002", "46002"},
+               {"appa46002pp", "46002"},
+               {"46002A", "46002A"},
+               {"P46002", "P46002"},
+               {"46 002", "46 002"},
+               {"", ""},
+               {"ap", ""},
+               {"46002 a", "46002 "},
+               {"46002x", "46002x"}};
   for (const auto& expected : cases) {
     EXPECT_EQ(exam_code_in(expected.line), expected.code) << expected.line;
   }
 }
 
 TEST(LoadBank, AnUnknownCodeShowsTheWayInAndTouchesNothing) {
-  for (const char* line : {"", "   ", "46001", "46008", "45999", "46002A", "P46000", "4600", "460000",
-                           "46000 a", "falco"}) {
+  for (const char* line : {"", "   ", "46001", "46008", "45999", "46002A", "P46000", "4600",
+                           "460000", "46000 a", "falco"}) {
     Shelf shelf;
     shelf.load("46006", 2);
     const int total = shelf.catalogue.bank_total;
@@ -415,13 +479,12 @@ TEST(LoadBank, TakesTheBankOfTheQuizClickedLastElseOfTheLastTestElseTheBook) {
   for (int quiz = 1; quiz <= 3; ++quiz) bank[quiz].load("46000", quiz);
   const struct {
     int clicked, selected, quiz;
-  } cases[] = {{0, 0, 1}, {0, 1, 1}, {0, 2, 2}, {0, 3, 3}, {1, 3, 1}, {2, 1, 2}, {3, 1, 3},
-               {0, 5, 1}, {4, 3, 1}, {5, 2, 1}, {6, 0, 1}};
+  } cases[] = {{0, 0, 1}, {0, 1, 1}, {0, 2, 2}, {0, 3, 3}, {1, 3, 1}, {2, 1, 2},
+               {3, 1, 3}, {0, 5, 1}, {4, 3, 1}, {5, 2, 1}, {6, 0, 1}};
   for (const auto& expected : cases) {
     Shelf shelf;
     shelf.load("46000", expected.clicked, expected.selected);
-    EXPECT_EQ(shelf.catalogue.test_description,
-              bank[expected.quiz].catalogue.test_description)
+    EXPECT_EQ(shelf.catalogue.test_description, bank[expected.quiz].catalogue.test_description)
         << expected.clicked << " " << expected.selected;
   }
 }

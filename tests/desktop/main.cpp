@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QStandardPaths>
+
+#include <gtest/gtest.h>
 
 // The tests need no screen; QT_QPA_PLATFORM lets them run on one.
 int main(int argc, char** argv) {

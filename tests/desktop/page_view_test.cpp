@@ -1,8 +1,6 @@
 // The drawing of pages: what a student sees, clicks and types, in a real window.
 #include "page_view/page_view.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QCheckBox>
 #include <QDialog>
@@ -30,6 +28,8 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "page_view/pictures.h"
 #include "page_view/rich_text.h"
@@ -226,8 +226,9 @@ TEST_F(PageViewTest, OneRadioExcludesTheOthers) {
 }
 
 TEST_F(PageViewTest, TwoGroupsOnAPageDoNotExcludeEachOther) {
-  write("<body><input type=radio name=one checked>A.\tx<br><input type=radio name=one>B.\tx<br>"
-        "<input type=radio name=two>A.\tx<br><input type=radio name=two>B.\tx</body>");
+  write(
+      "<body><input type=radio name=one checked>A.\tx<br><input type=radio name=one>B.\tx<br>"
+      "<input type=radio name=two>A.\tx<br><input type=radio name=two>B.\tx</body>");
   const auto radios = shown<QRadioButton>();
   click_line_of(*radios[3]);
   EXPECT_TRUE(radios[0]->isChecked());
@@ -253,8 +254,10 @@ TEST_F(PageViewTest, ADragFromLineToLineChoosesNothing) {
   write(page(three_radios));
   const auto radios = shown<QRadioButton>();
   const QPoint across(200, 0);
-  QTest::mousePress(browser().viewport(), Qt::LeftButton, {}, radios[0]->geometry().center() + across);
-  QTest::mouseRelease(browser().viewport(), Qt::LeftButton, {}, radios[1]->geometry().center() + across);
+  QTest::mousePress(browser().viewport(), Qt::LeftButton, {},
+                    radios[0]->geometry().center() + across);
+  QTest::mouseRelease(browser().viewport(), Qt::LeftButton, {},
+                      radios[1]->geometry().center() + across);
   EXPECT_EQ(edits_, 0);
   EXPECT_FALSE(browser().textCursor().hasSelection());
 }
@@ -341,8 +344,9 @@ TEST_F(PageViewTest, AnAccessKeyTogglesACheckBox) {
 }
 
 TEST_F(PageViewTest, AnAccessKeyFocusesATextInput) {
-  write("<body><input type=radio name=r accesskey=a>A.\tx<br>"
-        "<input type=text name=t accesskey=7></body>");
+  write(
+      "<body><input type=radio name=r accesskey=a>A.\tx<br>"
+      "<input type=text name=t accesskey=7></body>");
   EXPECT_TRUE(page_.take_access_key('7'));
   EXPECT_TRUE(shown<QLineEdit>()[0]->hasFocus());
   EXPECT_EQ(edits_, 0);
@@ -674,14 +678,17 @@ TEST_F(PageViewPictureTest, OnlyPlainPicturesOfSensibleSizeAreRead) {
     return read_picture(file.fileName());
   };
   EXPECT_TRUE(store(u"exam/text.png"_s, "no picture").isNull());
-  EXPECT_TRUE(store(u"exam/icon.png"_s, "/* XPM */ static char* x[] = {\"1 1 1 1\",\"a c red\",\"a\"};").isNull());
-  // A header that promises 60000 by 60000 pixels.
-  QByteArray huge("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x60\xea\0\0\x60\xea\0\0\1\0\x18\0", 30);
-  huge.append(QByteArray(100, '\0'));
-  EXPECT_TRUE(store(u"exam/huge.png"_s, huge).isNull());
-  write_image("huge.png");
+  EXPECT_TRUE(
+      store(u"exam/icon.png"_s, "/* XPM */ static char* x[] = {\"1 1 1 1\",\"a c red\",\"a\"};")
+          .isNull());
+  QImage huge(5'000, 4'000, QImage::Format_Mono);
+  huge.fill(0);
+  ASSERT_TRUE(huge.save(root_.filePath(u"exam/huge.png"_s)));
+  EXPECT_TRUE(read_picture(root_.filePath(u"exam/huge.png"_s)).isNull());
   write_picture(root_.filePath(u"exam/large.png"_s), inside, QSize(3000, 2000));
-  EXPECT_LE(read_picture(root_.filePath(u"exam/large.png"_s)).width(), 2500);
+  const QImage large = read_picture(root_.filePath(u"exam/large.png"_s));
+  EXPECT_FALSE(large.isNull());
+  EXPECT_LE(large.width() * large.height(), 4'000'000);
   EXPECT_TRUE(read_picture(root_.path()).isNull());
 }
 
@@ -750,7 +757,7 @@ TEST_F(PageViewPictureTest, ASmallPictureFileKeepsItsSize) {
     for (int x = 0; x < image.width(); ++x) width += image.pixelColor(x, y) == inside;
     widest = std::max(widest, width);
   }
-  EXPECT_EQ(widest, 60);
+  EXPECT_EQ(widest, qRound(60 * image.devicePixelRatio()));
 }
 
 TEST_F(PageViewPictureTest, AFileThatIsNoPictureShowsAFailurePage) {
@@ -764,15 +771,36 @@ TEST_F(PageViewPictureTest, AFileThatIsNoPictureShowsAFailurePage) {
   page_.show_view(view_);
   EXPECT_EQ(browser().toPlainText(), u"The picture cannot be displayed.");
   EXPECT_TRUE(browser().isVisible());
+  view_.navigate(exam() + "/missing.htm");
+  view_.finish_navigation(files);
+  page_.show_view(view_);
+  EXPECT_EQ(browser().toPlainText(), u"The page cannot be displayed.");
   write(page(three_radios));
   EXPECT_EQ(shown<QRadioButton>().size(), 3U);
+}
+
+TEST_F(PageViewPictureTest, TheFocusStaysWithinBetweenPageAndPicture) {
+  write(page(three_radios));
+  page_.focus_first_input();
+  PictureFiles files;
+  view_.navigate(exam() + "/d1.png");
+  view_.finish_navigation(files);
+  page_.show_view(view_);
+  const QWidget* focus = QApplication::focusWidget();
+  ASSERT_NE(focus, nullptr);
+  EXPECT_TRUE(page_.isAncestorOf(focus));
+  EXPECT_FALSE(page_.has_access_key('a'));
+  view_.navigate("missing.htm");
+  view_.finish_navigation(files);
+  page_.show_view(view_);
+  EXPECT_TRUE(browser().hasFocus());
 }
 
 // Paper.
 
 TEST_F(PageViewTest, PrintsTextAndMarks) {
-  write(page(radio('A', "First answer") + radio('B', "Second answer") + check_box('C', "Third answer") +
-                 check_box('D', "Fourth answer") + text_field,
+  write(page(radio('A', "First answer") + radio('B', "Second answer") +
+                 check_box('C', "Third answer") + check_box('D', "Fourth answer") + text_field,
              exhibit_link));
   view_.document.set_checked(input("radio1", 1), true);
   view_.document.set_checked(input("ans3"), true);
@@ -780,9 +808,9 @@ TEST_F(PageViewTest, PrintsTextAndMarks) {
   page_.show_view(view_);
   const std::string text = printed();
   for (const char* part :
-       {"3.) Which one is it?", "A. First answer", "(\u2022) B. Second answer", "[x] C. Third answer",
-        "D. Fourth answer", "show <ip> route", "Select the 1 Best Answer.",
-        "Exhibit # 1 Click Here"}) {
+       {"3.) Which one is it?", "( ) A. First answer", "(\u2022) B. Second answer",
+        "[x] C. Third answer", "[ ] D. Fourth answer", "show <ip> route",
+        "Select the 1 Best Answer.", "Exhibit # 1 Click Here"}) {
     EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text;
   }
   EXPECT_EQ(text.find("(\u2022) A."), std::string::npos);
@@ -829,8 +857,9 @@ TEST_F(PageViewTest, InputsAndPageHaveAccessibleNames) {
 // Looks.
 
 TEST_F(PageViewTest, ThePagesFontIsUsed) {
-  write("<html><style>BODY{font-size: 15 pt}BODY{font-family:Liberation Sans}</style><body>text"
-        "</body></html>");
+  write(
+      "<html><style>BODY{font-size: 15 pt}BODY{font-family:Liberation Sans}</style><body>text"
+      "</body></html>");
   EXPECT_EQ(browser().document()->defaultFont().pointSizeF(), 15);
   EXPECT_EQ(browser().document()->defaultFont().family(), u"Liberation Sans");
 }
@@ -856,7 +885,7 @@ TEST_F(PageViewTest, LinesOfAWideWindowStayReadable) {
   write("<body>" + words + "</body>");
   const QTextLayout& layout = *browser().document()->begin().layout();
   EXPECT_GT(layout.lineCount(), 1);
-  EXPECT_LT(layout.lineAt(0).naturalTextWidth(), 1000);
+  EXPECT_LT(layout.lineAt(0).naturalTextWidth(), 60 * browser().fontMetrics().height());
 }
 
 TEST_F(PageViewTest, ADarkPaletteIsFollowed) {
@@ -887,7 +916,8 @@ std::string text_of(const std::string& markup) {
 
 TEST(RichText, LeavesOutWhatIsNotForReaders) {
   const std::string html = text_of(page(three_radios));
-  for (const char* part : {"questiontype", "oncontextmenu", "font-size: 12", "Practice Exam", "<script"}) {
+  for (const char* part :
+       {"questiontype", "oncontextmenu", "font-size: 12", "Practice Exam", "<script"}) {
     EXPECT_EQ(html.find(part), std::string::npos) << part;
   }
   EXPECT_EQ(html.find("<table"), std::string::npos);
@@ -907,7 +937,8 @@ TEST(RichText, NumbersTheInputsInPageOrder) {
 }
 
 TEST(RichText, EscapesWhatThePageShowsAsText) {
-  EXPECT_NE(text_of("<body>a &lt;b&gt; &amp; c</body>").find("a &lt;b&gt; &amp; c"), std::string::npos);
+  EXPECT_NE(text_of("<body>a &lt;b&gt; &amp; c</body>").find("a &lt;b&gt; &amp; c"),
+            std::string::npos);
 }
 
 TEST(RichText, FoldsBlanksAndKeepsThemOutOfLinks) {
@@ -921,7 +952,8 @@ TEST(RichText, FlattensUnknownTagsToTheirText) {
 }
 
 TEST(RichText, AnswersOfAnAnswerPageHang) {
-  const std::string html = text_of("<body>Which?<br>A.)  first<br>B.)  second<br><br><br>Why.</body>");
+  const std::string html =
+      text_of("<body>Which?<br>A.)  first<br>B.)  second<br><br><br>Why.</body>");
   EXPECT_NE(html.find("A.)\tfirst</div>"), std::string::npos) << html;
   EXPECT_NE(html.find("B.)\tsecond</div>"), std::string::npos) << html;
   EXPECT_NE(html.find(">Why.</div>"), std::string::npos) << html;
@@ -963,7 +995,8 @@ TEST_P(HostilePageTest, IsDrawnWithoutHarm) {
   QElapsedTimer timer;
   timer.start();
   write(GetParam().markup);
-  EXPECT_LE(browser().viewport()->findChildren<QWidget*>().size(), static_cast<qsizetype>(most_fields));
+  EXPECT_LE(browser().viewport()->findChildren<QWidget*>().size(),
+            static_cast<qsizetype>(most_fields));
   window_.resize(300, 400);
   QCoreApplication::processEvents();
   page_.setFocus();
@@ -980,11 +1013,13 @@ TEST_P(HostilePageTest, IsDrawnWithoutHarm) {
 INSTANTIATE_TEST_SUITE_P(
     All, HostilePageTest,
     testing::Values(
-        Hostile{"Empty", ""}, Hostile{"Inputs", repeated("<input type=radio name=a>A.\tx<br>", 5'000)},
+        Hostile{"Empty", ""},
+        Hostile{"Inputs", repeated("<input type=radio name=a>A.\tx<br>", 5'000)},
         Hostile{"TextInputs", repeated("<input type=text size=99999 value=x>", 3'000)},
         Hostile{"NestedTables", repeated("<table border=1><tr><td>a<td>", 300) + "x"},
         Hostile{"NestedTags", repeated("<div><b><i><font size=7>", 5'000) + "x"},
-        Hostile{"WideTable", "<table>" + repeated("<tr>" + repeated("<td colspan=9999999>x", 25), 400)},
+        Hostile{"WideTable",
+                "<table>" + repeated("<tr>" + repeated("<td colspan=9999999>x", 25), 400)},
         Hostile{"HugeFont", "<style>BODY{font-size: 99999999 pt}</style><body><h1>" +
                                 repeated("<big>", 50) + "<font size=+9>text"},
         Hostile{"NoFont", "<style>BODY{font-size: -5 pt}BODY{font-family:'\";}</style><body>x"},
@@ -992,14 +1027,16 @@ INSTANTIATE_TEST_SUITE_P(
         Hostile{"LongWord", repeated("word", 260'000)},
         Hostile{"Breaks", repeated("<br>", 200'000)},
         Hostile{"Paragraphs", repeated("<p>x", 50'000)},
-        Hostile{"Links", repeated("<a href=http://www.example.com id=x>y</a> ", 5'000)},
+        Hostile{"Links", repeated("<a href=http://www.example.com id=x>y</a> ", 3'000)},
         Hostile{"Pictures", repeated("<img src=a.png width=999999999 height=1>", 2'000)},
         Hostile{"StructuralCharacters",
-                "<input type=radio name=a>A.\t\xEF\xB7\x90\xEF\xB7\x91\xE2\x80\xA9\xE2\x80\xA8\xEF\xBF\xBC"
+                "<input type=radio "
+                "name=a>A.\t\xEF\xB7\x90\xEF\xB7\x91\xE2\x80\xA9\xE2\x80\xA8\xEF\xBF\xBC"
                 "\x01\x0B<td>\xEF\xB7\x91"},
         Hostile{"BrokenText", "<body>\xff\xfe\xc3\x28 \xf0\x9f</body>"},
-        Hostile{"RichTextTricks", "<a href=\"node:99\" id=\"input:0\"><img src=\"input:7\">"
-                                  "<img src=\"picture:3\">&lt;img src=input:0&gt;</a>"},
+        Hostile{"RichTextTricks",
+                "<a href=\"node:99\" id=\"input:0\"><img src=\"input:7\">"
+                "<img src=\"picture:3\">&lt;img src=input:0&gt;</a>"},
         Hostile{"Lists", repeated("<ul><li>", 400) + repeated("<ol><li>x", 400)},
         Hostile{"Rules", repeated("<hr>", 20'000)}),
     [](const auto& each) { return std::string(each.param.name); });

@@ -801,10 +801,11 @@ TEST(HtmlDocumentTest, SurvivesPagesThatBreakOff) {
 }
 
 TEST(HtmlDocumentTest, WritesNothingToStandardError) {
+  using namespace std::string_view_literals;
   testing::internal::CaptureStderr();
   page(question_page);
   page("<p><p></q><1><table></b>&foo;&#0;&#xD800;&#x110000;<a <b c=\"d><!-- <![CDATA[ x ]]> <?p");
-  page(std::string("\0\xFF\xFE\xED\xA0\x80<p \0=\xFF>", 15));
+  page("\0\xFF\xFE\xED\xA0\x80<p \0=\xFF>"sv);
   page("<?xml version='1.0' encoding='UTF-16'?><meta charset=ebcdic><p>x");
   page(repeated("<b>", 3000));
   page("<!DOCTYPE html SYSTEM \"http://exam.example/x.dtd\"><p>x<img src=http://exam.example/y>");

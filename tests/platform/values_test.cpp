@@ -136,11 +136,11 @@ TEST(SlotsTest, RaisesFault9ForAnIndexOutside) {
 }
 
 TEST(SlotsTest, FillsAndCompares) {
-  Slots<std::string, 2> a;
-  Slots<std::string, 2> b;
-  a.fill("x");
+  Slots<int, 2> a;
+  Slots<int, 2> b;
+  a.fill(7);
   EXPECT_NE(a, b);
-  for (int i = 0; i <= 2; ++i) b[i] = "x";
+  for (int i = 0; i <= 2; ++i) b[i] = 7;
   EXPECT_EQ(a, b);
 }
 
@@ -278,7 +278,8 @@ TEST(TextTest, PassesBrokenTextThroughWhenItChangesTheCase) {
   for (const std::string_view text : broken) {
     EXPECT_EQ(upper(text), text);
     EXPECT_EQ(lower(text), text);
-    EXPECT_EQ(upper("a" + std::string(text) + "b"), "A" + std::string(text) + "B");
+    const std::string amid = std::string("a").append(text).append("b");
+    EXPECT_EQ(upper(amid), std::string("A").append(text).append("B"));
   }
 }
 

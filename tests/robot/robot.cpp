@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/values/text.h"
+#include "run/simulators.h"
 
 namespace practice::robot {
 namespace {
@@ -27,8 +28,7 @@ void Robot::put_distribution() {
   const fs::path data = PRACTICE_EXAM_DATA;
   world.files.write("\\program\\q_bottom.ini", content_of(data / "distribution" / "q_bottom.ini"));
   for (const Exam& exam : exams()) {
-    const std::string folder =
-        "\\program\\" + replace_all(exam.data_file, ".dat", "\\");
+    const std::string folder = "\\program\\" + replace_all(exam.data_file, ".dat", "\\");
     world.files.write(folder + "blank.htm", content_of(data / "distribution" / "blank.htm"));
     for (const auto& file : fs::directory_iterator(data / "exams" / lower(exam.name))) {
       if (file.path().extension() == ".txt") {
@@ -55,8 +55,7 @@ Screen& Robot::screen(std::string_view name) {
   return *found;
 }
 
-const ControlEntry& Robot::control(std::string_view screen_name, std::string_view name,
-                                   int index) {
+const ControlEntry& Robot::control(std::string_view screen_name, std::string_view name, int index) {
   const ControlEntry* entry = screen(screen_name).find(name, index);
   if (entry == nullptr) {
     throw RobotFailure{"there is no control " + quoted(name) + " " + std::to_string(index) +
@@ -65,13 +64,12 @@ const ControlEntry& Robot::control(std::string_view screen_name, std::string_vie
   return *entry;
 }
 
-const ControlEntry& Robot::usable(std::string_view screen_name, std::string_view name,
-                                  int index) {
+const ControlEntry& Robot::usable(std::string_view screen_name, std::string_view name, int index) {
   const ControlEntry& entry = control(screen_name, name, index);
   const Screen& owner = screen(screen_name);
   const Control& state = base_of(entry.control);
-  const std::string what = std::string(name) + " " + std::to_string(index) + " on " +
-                           std::string(screen_name);
+  const std::string what =
+      std::string(name) + " " + std::to_string(index) + " on " + std::string(screen_name);
   if (!owner.loaded || !owner.visible) throw RobotFailure{what + ": the screen is not shown"};
   if (!state.visible) throw RobotFailure{what + " is hidden"};
   if (!state.enabled) throw RobotFailure{what + " is disabled"};
@@ -175,6 +173,27 @@ void Robot::click_element(std::string_view id) {
   if (element == nullptr) throw RobotFailure{"the page has no element " + quoted(id)};
   if (!element->onclick) throw RobotFailure{quoted(id) + " does not answer to a click"};
   element->onclick();
+}
+
+void Robot::answer_rightly() {
+  const Question& question = program().current_question;
+  const std::string& question_kind = run().question_kind;
+  if (question_kind == kind::fill_in) {
+    type_on_page("txt_fill", question.answers[1]);
+  } else if (question_kind == kind::sim) {
+    std::string result = "[general]\r\n";
+    for (int i = 1; i <= 6; ++i) result.append(question.answers[i]).append(crlf);
+    world.files.write("\\program\\out.ini", result);
+  } else if (is_simulator_marker(question.diagrams[1])) {
+    world.files.write(result_file(program(), question.diagrams[1]),
+                      "[Answer]\r\nresult=Success\r\n");
+  } else {
+    for (int i = 1; i <= 6; ++i) {
+      if (question.answer_correct[i] != 1) continue;
+      if (question_kind == kind::radio_button) choose("radio1", i);
+      if (question_kind == kind::check_box) tick("ans" + std::to_string(i));
+    }
+  }
 }
 
 void Robot::pass(double seconds) {

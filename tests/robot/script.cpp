@@ -85,15 +85,15 @@ const std::map<std::string, Command, std::less<>>& commands() {
       {"choose",
        {3, 3, "choose RADIO N",
         [](Robot& robot, const Words& w) { robot.choose(w[1], number(w[2])); }}},
-      {"tick",
-       {2, 2, "tick BOX", [](Robot& robot, const Words& w) { robot.tick(w[1], true); }}},
-      {"clear",
-       {2, 2, "clear BOX", [](Robot& robot, const Words& w) { robot.tick(w[1], false); }}},
+      {"tick", {2, 2, "tick BOX", [](Robot& robot, const Words& w) { robot.tick(w[1], true); }}},
+      {"clear", {2, 2, "clear BOX", [](Robot& robot, const Words& w) { robot.tick(w[1], false); }}},
       {"type_on_page",
        {3, 3, "type_on_page INPUT TEXT",
         [](Robot& robot, const Words& w) { robot.type_on_page(w[1], w[2]); }}},
       {"click_element",
        {2, 2, "click_element ID", [](Robot& robot, const Words& w) { robot.click_element(w[1]); }}},
+      {"answer_rightly",
+       {1, 1, "answer_rightly", [](Robot& robot, const Words&) { robot.answer_rightly(); }}},
       {"answer",
        {2, any_number, "answer yes|no|ok|cancel ...",
         [](Robot& robot, const Words& w) {
@@ -126,9 +126,7 @@ const std::map<std::string, Command, std::less<>>& commands() {
         }}},
       {"setting",
        {5, 5, "setting APPLICATION SECTION KEY VALUE",
-        [](Robot& robot, const Words& w) {
-          robot.world.settings.save(w[1], w[2], w[3], w[4]);
-        }}},
+        [](Robot& robot, const Words& w) { robot.world.settings.save(w[1], w[2], w[3], w[4]); }}},
   };
   return table;
 }
@@ -172,7 +170,8 @@ const std::map<std::string, FieldWriter, std::less<>>& row_fields() {
        [](auto& json, const auto& q) { json.add("question_type", q.question_type); }},
       {"diagrams", [](auto& json, const auto& q) { json.add("diagrams", texts(q.diagrams)); }},
       {"exhibits", [](auto& json, const auto& q) { json.add("exhibits", texts(q.exhibits)); }},
-      {"question_id", [](auto& json, const auto& q) { json.add("question_id", int{q.question_id}); }},
+      {"question_id",
+       [](auto& json, const auto& q) { json.add("question_id", int{q.question_id}); }},
       {"clue", [](auto& json, const auto& q) { json.add("clue", q.clue); }},
       {"book_reference",
        [](auto& json, const auto& q) { json.add("book_reference", q.book_reference); }},
@@ -201,9 +200,7 @@ struct KindWriter {
   void operator()(const CheckBox* c) {
     json.add("caption", c->caption).add("value", int{c->value});
   }
-  void operator()(const OptionButton* c) {
-    json.add("caption", c->caption).add("value", c->value);
-  }
+  void operator()(const OptionButton* c) { json.add("caption", c->caption).add("value", c->value); }
   void operator()(const TextBox* c) { json.add("text", c->text); }
   void operator()(const ListBox* c) {
     json.add("items", c->items).add("list_index", c->list_index);
@@ -222,9 +219,12 @@ struct KindWriter {
 
 const char* name_of(Buttons buttons) {
   switch (buttons) {
-    case Buttons::ok: return "ok";
-    case Buttons::ok_cancel: return "ok_cancel";
-    case Buttons::yes_no: return "yes_no";
+    case Buttons::ok:
+      return "ok";
+    case Buttons::ok_cancel:
+      return "ok_cancel";
+    case Buttons::yes_no:
+      return "yes_no";
   }
   return "";
 }
@@ -419,11 +419,9 @@ void Script::show_files(const Words& words) {
   if (!robot_.world.files.exists(words[2])) {
     throw RobotFailure{"there is no file \"" + words[2] + "\""};
   }
-  out_ << JsonObject()
-              .add("file", words[2])
-              .add("content", robot_.world.files.read(words[2]))
-              .text()
-       << '\n';
+  out_
+      << JsonObject().add("file", words[2]).add("content", robot_.world.files.read(words[2])).text()
+      << '\n';
 }
 
 }  // namespace practice::robot

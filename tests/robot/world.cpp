@@ -79,6 +79,10 @@ void RecordedShell::start(std::string_view command_line) {
   program(std::string(command_line));
 }
 
+void RecordedShell::send_media_command(std::string_view command) {
+  calls.push_back("media " + std::string(command));
+}
+
 std::string RecordedShell::class_of(std::string_view extension) const {
   return extension == ".pdf" ? pdf_class : std::string();
 }

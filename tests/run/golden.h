@@ -1,13 +1,13 @@
 // Whole pages that are compared byte for byte.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
+
+#include <gtest/gtest.h>
 
 namespace practice {
 
@@ -32,12 +32,12 @@ inline testing::AssertionResult is_golden(std::string_view page, std::string_vie
   const std::string golden = golden_file(name);
   if (golden.empty()) return testing::AssertionFailure() << name << " is not there";
   if (page == golden) return testing::AssertionSuccess();
-  const auto place = static_cast<std::size_t>(
-      std::ranges::mismatch(page, golden).in1 - page.begin());
+  const auto place =
+      static_cast<std::size_t>(std::ranges::mismatch(page, golden).in1 - page.begin());
   const auto line = std::count(golden.begin(), golden.begin() + static_cast<long>(place), '\n') + 1;
-  return testing::AssertionFailure() << name << ", line " << line << "\n  wanted: "
-                                     << line_at(golden, place)
-                                     << "\n  page:   " << line_at(page, place);
+  return testing::AssertionFailure()
+         << name << ", line " << line << "\n  wanted: " << line_at(golden, place)
+         << "\n  page:   " << line_at(page, place);
 }
 
 }  // namespace practice

@@ -15,8 +15,7 @@ using RunningTest = QuestionTest;
 
 TEST_F(TestRunTest, TheFirstQuestionComesUpWithItsNumberAndItsId) {
   start_test();
-  EXPECT_EQ(quest().caption,
-            "Practice Test for Brightwater JASPER FALCO - Question  1 of 50");
+  EXPECT_EQ(quest().caption, "Practice Test for Brightwater JASPER FALCO - Question  1 of 50");
   EXPECT_EQ(quest().question_number.caption, " 1");
   EXPECT_EQ(quest().qid.caption, " 1");
   EXPECT_TRUE(quest().visible);
@@ -60,8 +59,7 @@ TEST_F(TestRunTest, TwoFaultsInShowingAQuestionLeaveTwoLinesAndTheRoutineReaches
   EXPECT_TRUE(log.starts_with(line));
   EXPECT_NE(log.find(" - show_quest() - quest39 - Subscript out of range - \r\n"),
             std::string::npos);
-  EXPECT_EQ(quest().caption,
-            "Practice Test for Brightwater JASPER FALCO - Question  2 of 50");
+  EXPECT_EQ(quest().caption, "Practice Test for Brightwater JASPER FALCO - Question  2 of 50");
   EXPECT_EQ(quest().focus().first, "cmd_buttons");
 }
 
@@ -134,8 +132,8 @@ INSTANTIATE_TEST_SUITE_P(
                  true},
         KindCase{"drag and drop", "single_answer", "xxxdnd", 0, true, "Drag_Drop", false, true,
                  false},
-        KindCase{"a marker wins over the type", "fill_in_the_blank", "xxxdnd", 0, true,
-                 "Drag_Drop", false, true, false},
+        KindCase{"a marker wins over the type", "fill_in_the_blank", "xxxdnd", 0, true, "Drag_Drop",
+                 false, true, false},
         KindCase{"dialogue simulator, whose diagram button stands", "single_answer", "xxxmssim", 0,
                  true, "MS_Sim", true, false, true},
         KindCase{"second dialogue simulator, likewise", "single_answer", "xxxmssim2", 0, true,
@@ -502,182 +500,6 @@ TEST_F(RunningTest, AFinalScoreLeftOpenIsMadeAnew) {
   quest().end_the_test();
   EXPECT_EQ(finalscore().generation, generation + 1);
   EXPECT_TRUE(finalscore().visible);
-}
-
-// ---- The screen itself
-
-TEST_F(TestRunTest, TheStatusLineNamesTheQuizAndTheExam) {
-  start_test(3);
-  EXPECT_EQ(quest().whatdoin.caption, "Full FALCO Exam -   Brightwater JASPER FALCO");
-  next();
-  EXPECT_EQ(quest().whatdoin.caption, "Full FALCO Exam -   Brightwater JASPER FALCO");
-}
-
-TEST_F(TestRunTest, InTheOtherLayoutTheThirdQuizIsNamedFromTheFirstNextOn) {
-  start_test(3);
-  robot.program().catalogue.book_layout = 0;
-  robot.program().forms.unload(Form::quest);
-  robot.program().forms.show(Form::quest);
-  EXPECT_EQ(quest().whatdoin.caption, " -   Brightwater JASPER FALCO v5.20");
-  robot.run().question_position = 0;
-  quest().show_quest();
-  next();
-  EXPECT_EQ(quest().whatdoin.caption, "C -   Brightwater JASPER FALCO v5.20");
-}
-
-TEST_F(RunningTest, TheScreenKeepsTheOptionsScreenLoadedForAsLongAsItIsOpen) {
-  Forms& forms = robot.program().forms;
-  EXPECT_TRUE(pick_a_quiz().loaded);
-  forms.unload(Form::quest);
-  EXPECT_FALSE(pick_a_quiz().loaded);
-  forms.show(Form::quest);
-  EXPECT_TRUE(pick_a_quiz().loaded);
-  EXPECT_FALSE(pick_a_quiz().visible);
-}
-
-TEST_F(RunningTest, ALargerWindowGivesItsRoomToThePage) {
-  const double width = quest().bounds.width;
-  const double height = quest().bounds.height;
-  const Bounds view = quest().WebBrowser1.bounds;
-  const Bounds panel = quest().Frame1.bounds;
-  const Bounds strip = quest().Frame2.bounds;
-  quest().bounds.width = width + 3000;
-  quest().bounds.height = height + 2000;
-  quest().resize();
-  EXPECT_EQ(quest().WebBrowser1.bounds,
-            (Bounds{10, 10, width + 3000 - panel.width - 140, view.height + 2000}));
-  EXPECT_EQ(quest().Frame1.bounds,
-            (Bounds{10 + quest().WebBrowser1.bounds.width, 10, panel.width, view.height + 2000}));
-  EXPECT_EQ(quest().Frame2.bounds, (Bounds{(width + 3000 - strip.width) / 2, strip.top + 2000,
-                                           strip.width, strip.height}));
-}
-
-TEST_F(RunningTest, TheWindowHasALeastSize) {
-  quest().bounds = {0, 0, 300, 300};
-  quest().resize();
-  EXPECT_EQ(quest().bounds.width, 9540);
-  EXPECT_EQ(quest().bounds.height, 6960);
-  EXPECT_EQ(quest().Frame2.bounds.left, (9540 - quest().Frame2.bounds.width) / 2);
-}
-
-TEST_F(RunningTest, AMinimisedWindowLaysNothingOut) {
-  const Bounds view = quest().WebBrowser1.bounds;
-  quest().window_state = WindowState::minimised;
-  quest().bounds = {0, 0, 300, 300};
-  quest().resize();
-  EXPECT_EQ(quest().bounds.width, 300);
-  EXPECT_EQ(quest().WebBrowser1.bounds, view);
-}
-
-// ---- Menus
-
-TEST_F(TestRunTest, TheSavedFontIsUsedAndCheckedInTheMenus) {
-  robot.world.settings.save("marlotest", "stuff", "savedfont", "14");
-  robot.world.settings.save("marlotest", "stuff", "savedfontname", "Arial");
-  start_test();
-  EXPECT_TRUE(quest().menufont[1].checked);
-  EXPECT_FALSE(quest().menufont[0].checked);
-  EXPECT_TRUE(quest().menusize[3].checked);
-  EXPECT_NE(robot.page().written().find("BODY{font-size: 14 pt}\r\n"), std::string::npos);
-  EXPECT_NE(robot.page().written().find("BODY{font-family:Arial}\r\n"), std::string::npos);
-}
-
-TEST_F(TestRunTest, AnUnknownFontIsReplacedForGood) {
-  robot.world.settings.save("marlotest", "stuff", "savedfontname", "Wingdings");
-  start_test();
-  EXPECT_EQ(robot.program().options.font_name, "Times New Roman");
-  EXPECT_EQ(robot.world.settings.get("marlotest", "stuff", "savedfontname", ""),
-            "Times New Roman");
-  EXPECT_TRUE(quest().menufont[0].checked);
-}
-
-TEST_F(TestRunTest, TheOptionsAreCheckedInTheMenusAsTheTestStarts) {
-  start_test();
-  const Options& options = robot.program().options;
-  EXPECT_EQ(quest().menu_showright.checked, options.show_answer_when_right == 1);
-  EXPECT_EQ(quest().menu_showwrong.checked, options.show_answer_when_wrong == 1);
-  EXPECT_EQ(quest().menu_backbutton.checked, options.back_button_on == 1);
-  EXPECT_NE(options.show_answer_when_right, options.show_answer_when_wrong);
-}
-
-TEST_F(RunningTest, ANewFontShowsTheQuestionAnewAndForgetsWhatWasNotYetKept) {
-  Question question = choice({1});
-  question.answer_chosen[2] = 1;
-  show(question, 3);
-  robot.choose("radio1", 4);
-  robot.click("quest", "menufont", 2);
-  EXPECT_EQ(quest().question_number.caption, " 3");
-  EXPECT_TRUE(page_has("BODY{font-family:Arial}"));
-  EXPECT_TRUE(robot.page().input("radio1", 1)->checked);
-  EXPECT_FALSE(robot.page().input("radio1", 3)->checked);
-  EXPECT_EQ(robot.world.settings.get("marlotest", "stuff", "savedfontname", ""), "Arial");
-}
-
-TEST_F(RunningTest, TheSizesAreTwoPointsApartWhateverTheirCaptionsPromise) {
-  const int points[] = {8, 10, 12, 14, 16, 18};
-  show(choice({1}), 2);
-  for (int i = 1; i <= 6; ++i) {
-    robot.click("quest", "menusize", i);
-    const std::string size = std::to_string(points[i - 1]);
-    EXPECT_TRUE(page_has("BODY{font-size: " + size + " pt}")) << i;
-    EXPECT_EQ(robot.world.settings.get("marlotest", "stuff", "savedfont", ""), size);
-    EXPECT_EQ(quest().question_number.caption, " 2");
-    for (int k = 1; k <= 6; ++k) {
-      EXPECT_EQ(quest().menusize[static_cast<std::size_t>(k - 1)].checked, k == i);
-    }
-  }
-}
-
-TEST_F(TestRunTest, SixteenPointsAreNoEntryOfTheSizeMenu) {
-  robot.world.settings.save("marlotest", "stuff", "savedfont", "16");
-  start_test();
-  for (const MenuEntry& size : quest().menusize) EXPECT_FALSE(size.checked) << size.caption;
-  EXPECT_NE(robot.page().written().find("BODY{font-size: 16 pt}"), std::string::npos);
-}
-
-TEST_F(RunningTest, SwitchingTheBackButtonOffTakesItAwayAtOnceAndForTheNextQuestion) {
-  robot.click("quest", "menu_backbutton");
-  EXPECT_FALSE(quest().cmd_buttons[1].visible);
-  EXPECT_FALSE(quest().menu_backbutton.checked);
-  next();
-  EXPECT_FALSE(quest().cmd_buttons[1].visible);
-  robot.click("quest", "menu_backbutton");
-  EXPECT_TRUE(quest().cmd_buttons[1].visible);
-  EXPECT_TRUE(quest().menu_backbutton.checked);
-}
-
-TEST_F(RunningTest, TheNumberOfAnswersIsToldFromTheNextPageOn) {
-  options().show_answer_count = 0;
-  show(choice({1, 3}));
-  robot.click("quest", "menu_shownumanswer");
-  EXPECT_TRUE(page_has("Select the correct answers."));
-  show(choice({1, 3}));
-  EXPECT_TRUE(page_has("Select the 2 Best Answers."));
-}
-
-TEST_F(RunningTest, ExitAsksFirstAndNoLeavesTheTestAsItWas) {
-  const std::string before = html();
-  robot.world.messages.answers = {Answer::no};
-  robot.click("quest", "menu_exit");
-  const MessageBox& box = robot.world.messages.shown.at(0);
-  EXPECT_EQ(box.text, "Are you sure you want to exit the program?");
-  EXPECT_EQ(box.title, "Exit Program?");
-  EXPECT_EQ(box.buttons, Buttons::yes_no);
-  EXPECT_FALSE(robot.app().has_ended());
-  EXPECT_EQ(html(), before);
-  EXPECT_EQ(run().question_position, 1);
-}
-
-TEST_F(RunningTest, ExitWritesNoResults) {
-  next();
-  robot.world.messages.answers = {Answer::yes};
-  robot.click("quest", "menu_exit");
-  EXPECT_TRUE(robot.world.stage.ended);
-  EXPECT_FALSE(robot.world.files.exists("46000.STUDENT.results"));
-}
-
-TEST_F(RunningTest, TheWayBackToTheOptionsIsHidden) {
-  EXPECT_ROBOT_REFUSES(robot.click("quest", "mnuBack"));
 }
 
 }  // namespace

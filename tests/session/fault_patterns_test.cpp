@@ -86,8 +86,8 @@ TEST_F(FaultPatterns, EachTrappedScreenWritesItsOwnLabels) {
 // The welcome screen misses the splash picture and the book's cover.
 TEST_F(FaultPatterns, TwoFaultsInOneLoadLeaveTwoLinesAndTheLastStepStillRuns) {
   start();
-  const std::string line =
-      robot.world.clock.date_and_time() + " - Welcome form load() - Welcome53 - File not found - \r\n";
+  const std::string line = robot.world.clock.date_and_time() +
+                           " - Welcome form load() - Welcome53 - File not found - \r\n";
   EXPECT_EQ(file("error.log"), line + line);
   EXPECT_TRUE(robot.app().welcome().visible);
 }

@@ -1,6 +1,8 @@
 // The verbs that put a screen on the desk and take it away.
 #include "session/forms.h"
 
+#include <algorithm>
+
 #include "robot/testing.h"
 
 namespace practice {

@@ -1,6 +1,8 @@
 // The routines that every screen calls: opening, placing, measuring.
 #include "session/helpers.h"
 
+#include <memory>
+
 #include "robot/testing.h"
 
 namespace practice {
@@ -45,7 +47,7 @@ TEST_F(HelpersTest, AShellErrorIsToldInItsOwnBox) {
   const struct {
     int code;
     const char* message;
-  } cases[] = {{0, "File not found"}, {2, "Unknown error"}, {3, "Unknown error"},
+  } cases[] = {{0, "File not found"}, {2, "Unknown error"},  {3, "Unknown error"},
                {11, "Unknown error"}, {31, "Unknown error"}, {32, "Unknown error"},
                {-1, "Unknown error"}};
   for (const auto& expected : cases) {

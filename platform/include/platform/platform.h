@@ -54,6 +54,8 @@ class Shell {
   /// Starts a program and returns at once. The program's name is the longest existing path in
   /// front of a blank; "X.exe" also finds "X". Raises fault 53 when there is none.
   virtual void start(std::string_view command_line) = 0;
+  /// A command to the desktop's media player: "play ", an address and two blanks.
+  virtual void send_media_command(std::string_view command) = 0;
   /// The desktop's class of files with that ending, such as "AcroExch.Document" where our book
   /// viewer opens ".pdf".
   virtual std::string class_of(std::string_view extension) const = 0;

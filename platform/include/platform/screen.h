@@ -84,6 +84,8 @@ struct Screen {
   virtual void resize() {}
   /// Runs before the screen goes.
   virtual void unload() {}
+  /// A key went down, before any control has seen it.
+  virtual void key_down(bool with_alt) { static_cast<void>(with_alt); }
   /// The student closed the window by its frame.
   virtual void close_window() = 0;
   /// Calls a public method by its name. Raises fault 438 for an unknown one.

@@ -48,8 +48,8 @@ class FinalScore : public Screen, public FinalScoreControls {
  private:
   void calc_list();
   void choose_filter(int index);
-  void fill_category_table();
-  void fill_wrong_list();
+  void fill_category_table(Trap& trap);
+  void fill_wrong_list(Trap& trap);
   void open_question();
   void retake();
   void quit_to_menu();

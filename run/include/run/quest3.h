@@ -78,6 +78,8 @@ class Quest : public Screen, public QuestControls {
   void activate() override;
   void resize() override;
   void unload() override;
+  /// With Alt held the keyboard is the page's, so that its access keys work.
+  void key_down(bool with_alt) override;
   /// As "E&xit Program": the student is asked first.
   void close_window() override;
   /// HTML_Click.
@@ -113,7 +115,7 @@ class Quest : public Screen, public QuestControls {
   void show_attachment_buttons(Trap& trap);
   void show_book_button();
   void set_status_line(bool at_load);
-  void check_menus_at_load();
+  void check_menus_at_load(Trap& trap);
 
   void read_page_inputs();
   void next_question();

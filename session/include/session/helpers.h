@@ -29,6 +29,9 @@ int longest_entry(const ListBox& list);
 /// Lets a list be scrolled to the end of its longest entry.
 void set_list_scroll_extent(Program& program, ListBox& list);
 
+/// Plays a media address; whether it can be heard is not told.
+void play_sound(Program& program, std::string_view alias);
+
 /// A file's lines without their ends, CR LF or LF. Raises what Files::read raises.
 std::vector<std::string> read_lines(const Files& files, std::string_view path);
 

@@ -50,6 +50,7 @@ class PageView : public QWidget {
 
  private:
   void show_picture(html::View& view);
+  void bring_up_page();
 
   html::View* view_ = nullptr;
   unsigned revision_ = 0;

@@ -48,7 +48,7 @@ struct Look {
 /// More inputs than this have no widget: they are written as text.
 inline constexpr std::size_t most_fields = 500;
 /// Longer pages are cut.
-inline constexpr int most_characters = 200'000;
+inline constexpr int most_characters = 60'000;
 inline constexpr int most_blocks = 3'000;
 inline constexpr std::size_t most_pictures = 64;
 

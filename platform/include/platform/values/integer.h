@@ -29,6 +29,10 @@ class Integer {
     if (b.value_ == 0) throw Fault::division_by_zero();
     return int{a} / int{b};
   }
+  friend constexpr Integer operator%(Integer a, Integer b) {
+    if (b.value_ == 0) throw Fault::division_by_zero();
+    return int{a} % int{b};
+  }
   friend constexpr Integer operator+(Integer a, int b) { return a + Integer{b}; }
   friend constexpr Integer operator+(int a, Integer b) { return Integer{a} + b; }
   friend constexpr Integer operator-(Integer a, int b) { return a - Integer{b}; }
@@ -37,6 +41,8 @@ class Integer {
   friend constexpr Integer operator*(int a, Integer b) { return Integer{a} * b; }
   friend constexpr Integer operator/(Integer a, int b) { return a / Integer{b}; }
   friend constexpr Integer operator/(int a, Integer b) { return Integer{a} / b; }
+  friend constexpr Integer operator%(Integer a, int b) { return a % Integer{b}; }
+  friend constexpr Integer operator%(int a, Integer b) { return Integer{a} % b; }
 
  private:
   static constexpr short checked(int value) {

@@ -46,6 +46,9 @@ class Robot {
   void tick(std::string_view input, bool checked = true);
   void type_on_page(std::string_view input, std::string_view text);
   void click_element(std::string_view id);
+  /// Marks or types the right answer of the question on show, or leaves the result that its
+  /// simulator would.
+  void answer_rightly();
 
   /// Lets time pass; the timers of open screens tick.
   void pass(double seconds);

@@ -2,24 +2,24 @@
 // made for one test.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "robot/robot.h"
 
 namespace practice::robot {
 
 /// Stops a test at what nobody scripted, with its words.
-#define EXPECT_ROBOT_REFUSES(statement)                                                   \
-  do {                                                                                    \
-    bool refused = false;                                                                 \
-    try {                                                                                 \
-      statement;                                                                          \
-    } catch (const practice::robot::RobotFailure&) {                                      \
-      refused = true;                                                                     \
-    }                                                                                     \
-    EXPECT_TRUE(refused) << "the robot did what no student could do: " #statement;        \
+#define EXPECT_ROBOT_REFUSES(statement)                                            \
+  do {                                                                             \
+    bool refused = false;                                                          \
+    try {                                                                          \
+      statement;                                                                   \
+    } catch (const practice::robot::RobotFailure&) {                               \
+      refused = true;                                                              \
+    }                                                                              \
+    EXPECT_TRUE(refused) << "the robot did what no student could do: " #statement; \
   } while (false)
 
 class StudentTest : public testing::Test {
@@ -56,17 +56,7 @@ class StudentTest : public testing::Test {
   Question& row(int number) { return robot.program().question_table[number]; }
   std::string file(std::string_view path) { return robot.world.files.read(path); }
 
-  /// Marks the right answers of the question on show, whatever its kind on the page.
-  void answer_rightly() {
-    const Question& question = robot.program().current_question;
-    const std::string& kind = robot.run().question_kind;
-    for (int i = 1; i <= 6; ++i) {
-      if (question.answer_correct[i] != 1) continue;
-      if (kind == "Radio_Button") robot.choose("radio1", i);
-      if (kind == "Check_Box") robot.tick("ans" + std::to_string(i));
-    }
-    if (kind == "Fill_In") robot.type_on_page("txt_fill", question.answers[1]);
-  }
+  void answer_rightly() { robot.answer_rightly(); }
 };
 
 }  // namespace practice::robot

@@ -68,7 +68,7 @@ class RecordedShell : public Shell {
     std::string folder;
     WindowShow show;
   };
-  /// What was opened and started, in order: "open TARGET" and "start COMMAND LINE".
+  /// What was opened and started, in order: "open TARGET", "start COMMAND LINE" and "media COMMAND".
   std::vector<std::string> calls;
   /// What was opened, in order, and how.
   std::vector<Opened> opened;
@@ -80,6 +80,7 @@ class RecordedShell : public Shell {
 
   int open(std::string_view target, std::string_view folder, WindowShow show) override;
   void start(std::string_view command_line) override;
+  void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
 };
 

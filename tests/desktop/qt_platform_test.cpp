@@ -1,0 +1,133 @@
+// What Qt answers to the program: files, settings, shell.
+#include "platform_qt/qt_platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "platform/values/fault.h"
+#include "text.h"
+
+namespace practice::desktop {
+namespace {
+
+class QtPlatformTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(folder.isValid());
+    QDir::setCurrent(folder.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                       folder.filePath(QStringLiteral("config")));
+  }
+  void TearDown() override { QDir::setCurrent(QDir::tempPath()); }
+
+  template <class Step>
+  static int fault_number(Step step) {
+    try {
+      step();
+    } catch (const Fault& fault) {
+      return fault.number();
+    }
+    return 0;
+  }
+
+  QTemporaryDir folder;
+  QtFiles files;
+};
+
+TEST_F(QtPlatformTest, AFileIsFoundWhateverTheCaseOfItsNameAndOfItsFolders) {
+  QDir().mkpath(folder.filePath(QStringLiteral("Sims")));
+  files.write("Sims\\OUT.ini", "[Answer]");
+  EXPECT_TRUE(files.exists("sims\\out.ini"));
+  EXPECT_EQ(files.read("SIMS/Out.INI"), "[Answer]");
+  files.write("sims\\out.ini", "new");
+  EXPECT_EQ(QDir(folder.filePath(QStringLiteral("Sims"))).entryList(QDir::Files).size(), 1);
+  EXPECT_EQ(files.read("Sims\\OUT.ini"), "new");
+  files.remove("sims\\OUT.INI");
+  EXPECT_FALSE(files.exists("Sims\\OUT.ini"));
+}
+
+TEST_F(QtPlatformTest, AnExactNameWinsOverOneOfAnotherCase) {
+  QFile upper(QStringLiteral("OUT.ini"));
+  ASSERT_TRUE(upper.open(QIODevice::WriteOnly));
+  upper.write("upper");
+  upper.close();
+  QFile lower(QStringLiteral("out.ini"));
+  ASSERT_TRUE(lower.open(QIODevice::WriteOnly));
+  lower.write("lower");
+  lower.close();
+  EXPECT_EQ(files.read("out.ini"), "lower");
+  EXPECT_EQ(files.read("OUT.ini"), "upper");
+}
+
+TEST_F(QtPlatformTest, FailuresHaveTheNumbersThatTheLogKnows) {
+  EXPECT_EQ(fault_number([&] { static_cast<void>(files.read("none.txt")); }), 53);
+  EXPECT_EQ(fault_number([&] { files.remove("none.txt"); }), 53);
+  EXPECT_EQ(fault_number([&] { files.write("no folder\\file.txt", "x"); }), 76);
+  QDir().mkpath(folder.filePath(QStringLiteral("folder")));
+  EXPECT_NE(fault_number([&] { files.write("folder", "x"); }), 0);
+  EXPECT_FALSE(files.exists("folder"));
+}
+
+TEST_F(QtPlatformTest, AWriteThatFailsLeavesTheOldFile) {
+  files.write("results", "old");
+  // /dev/full takes no byte; a link to it stands for a disk that has just become full.
+  ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), QStringLiteral("full")));
+  EXPECT_NE(fault_number([&] { files.append("full", std::string(100'000, 'x')); }), 0);
+  EXPECT_EQ(files.read("results"), "old");
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+}
+
+TEST_F(QtPlatformTest, AppendingMakesTheFileAndKeepsWhatIsThere) {
+  files.append("error.log", "one\r\n");
+  files.append("error.log", "two\r\n");
+  EXPECT_EQ(files.read("error.log"), "one\r\ntwo\r\n");
+}
+
+TEST_F(QtPlatformTest, SettingsComeBackInAnotherRunAndAreReadable) {
+  QtSettings().save("marlotest", "stuff", "show#answers", "1");
+  EXPECT_EQ(QtSettings().get("marlotest", "stuff", "show#answers", "0"), "1");
+  EXPECT_EQ(QtSettings().get("marlotest", "stuff", "studentname", "STUDENT"), "STUDENT");
+  EXPECT_NE(
+      QtFiles()
+          .read(from_qt(folder.filePath(QStringLiteral("config/practice-exam/marlotest.ini"))))
+          .find("[stuff]"),
+      std::string::npos);
+}
+
+TEST_F(QtPlatformTest, AProgramIsTheLongestPathInFrontOfABlank) {
+  QDir().mkpath(folder.filePath(QStringLiteral("with blank")));
+  const QString program = folder.filePath(QStringLiteral("with blank/bwDragnDrop"));
+  {
+    QFile script(program);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nprintf '%s|' \"$@\" > told.tmp; mv told.tmp told\n");
+  }
+  QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  QtShell().start(from_qt(folder.path()) + "\\with blank\\bwDragnDrop.exe  46000Q1");
+  const QString told = folder.filePath(QStringLiteral("with blank/told"));
+  for (int i = 0; i < 500 && !QFile::exists(told); ++i) ::usleep(10'000);
+  EXPECT_EQ(files.read("with blank\\told"), "46000Q1|");
+  EXPECT_EQ(fault_number([&] { QtShell().start("nothing.exe 1"); }), 53);
+}
+
+TEST_F(QtPlatformTest, OpeningAFileThatIsNotThereIsNoSuccess) {
+  EXPECT_LT(QtShell().open("none.txt", {}, WindowShow::normal), 33);
+}
+
+TEST_F(QtPlatformTest, DrawsStayBelowOne) {
+  QtRandom random;
+  random.seed_from_clock();
+  for (int i = 0; i < 10'000; ++i) {
+    const float draw = random.next();
+    ASSERT_GE(draw, 0.0f);
+    ASSERT_LT(draw, 1.0f);
+  }
+}
+
+}  // namespace
+}  // namespace practice::desktop
