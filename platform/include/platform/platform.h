@@ -26,7 +26,8 @@ class Files {
   /// The whole content. Raises fault 53 when there is no such file, 70 or 75 when it can not be
   /// read.
   virtual std::string read(std::string_view path) const = 0;
-  /// Replaces the file as a whole: a crash or a full disk leaves the old one. Raises 61, 70, 75, 76.
+  /// Replaces the file as a whole: a crash or a full disk leaves the old one. Raises 61, 70,
+  /// 75, 76.
   virtual void write(std::string_view path, std::string_view content) = 0;
   /// On disk when the call returns. Raises 61, 70, 75, 76.
   virtual void append(std::string_view path, std::string_view content) = 0;

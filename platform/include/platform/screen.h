@@ -16,9 +16,9 @@
 
 namespace practice {
 
-using ControlRef = std::variant<Label*, Button*, CheckBox*, OptionButton*, TextBox*, ListBox*,
-                                ScrollBar*, Picture*, Shape*, Frame*, Tabs*, MenuEntry*, Timer*,
-                                HtmlView*>;
+using ControlRef =
+    std::variant<Label*, Button*, CheckBox*, OptionButton*, TextBox*, ListBox*, ScrollBar*,
+                 Picture*, Shape*, Frame*, Tabs*, MenuEntry*, Timer*, HtmlView*>;
 
 using Handler = std::function<void()>;
 
@@ -97,7 +97,9 @@ struct Screen {
   std::pair<std::string, int> take_focus_request();
   /// The control that was given the focus last, for the robot.
   const std::pair<std::string, int>& focus() const { return focus_; }
-  void note_focus(std::string control_name, int index) { focus_ = {std::move(control_name), index}; }
+  void note_focus(std::string control_name, int index) {
+    focus_ = {std::move(control_name), index};
+  }
 
   const std::vector<ControlEntry>& controls() const { return controls_; }
   /// Null when the screen has no such control.

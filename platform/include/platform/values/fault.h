@@ -15,21 +15,21 @@ class Fault : public std::exception {
  public:
   Fault(int number, std::string text);
 
-  static Fault invalid_call();        ///< 5
-  static Fault overflow();            ///< 6
-  static Fault out_of_memory();       ///< 7
-  static Fault out_of_range();        ///< 9
-  static Fault division_by_zero();    ///< 11
-  static Fault type_mismatch();       ///< 13
-  static Fault file_not_found();      ///< 53
-  static Fault disk_full();           ///< 61
-  static Fault past_end_of_file();    ///< 62
-  static Fault permission_denied();   ///< 70
-  static Fault path_access();         ///< 75
-  static Fault path_not_found();      ///< 76
-  static Fault object_required();     ///< 424
-  static Fault no_such_member();      ///< 438
-  static Fault invalid_picture();     ///< 481
+  static Fault invalid_call();       ///< 5
+  static Fault overflow();           ///< 6
+  static Fault out_of_memory();      ///< 7
+  static Fault out_of_range();       ///< 9
+  static Fault division_by_zero();   ///< 11
+  static Fault type_mismatch();      ///< 13
+  static Fault file_not_found();     ///< 53
+  static Fault disk_full();          ///< 61
+  static Fault past_end_of_file();   ///< 62
+  static Fault permission_denied();  ///< 70
+  static Fault path_access();        ///< 75
+  static Fault path_not_found();     ///< 76
+  static Fault object_required();    ///< 424
+  static Fault no_such_member();     ///< 438
+  static Fault invalid_picture();    ///< 481
   static Fault of(std::error_code code);
 
   int number() const { return number_; }

@@ -1,5 +1,5 @@
-// The platform in memory: a disk, settings, a clock, a random source, a shell, a user's answers, all
-// of which a test scripts and inspects. What nobody scripted fails loudly.
+// The platform in memory: a disk, settings, a clock, a random source, a shell, a user's answers,
+// all of which a test scripts and inspects. What nobody scripted fails loudly.
 #pragma once
 
 #include <cstdint>
@@ -68,7 +68,8 @@ class RecordedShell : public Shell {
     std::string folder;
     WindowShow show;
   };
-  /// What was opened and started, in order: "open TARGET", "start COMMAND LINE" and "media COMMAND".
+  /// What was opened and started, in order: "open TARGET", "start COMMAND LINE" and "media
+  /// COMMAND".
   std::vector<std::string> calls;
   /// What was opened, in order, and how.
   std::vector<Opened> opened;
@@ -155,8 +156,7 @@ struct World {
   ScriptedClock clock;
   ScriptedRandom random;
   MemoryStage stage{files, clock};
-  Platform platform{files,  settings, shell, messages,
-                    clock,  random,   stage, "\\program"};
+  Platform platform{files, settings, shell, messages, clock, random, stage, "\\program"};
 
   World() = default;
   World(const World&) = delete;
