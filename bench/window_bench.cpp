@@ -5,11 +5,11 @@
 // until Qt has painted and handed over the picture; what the display server then does with it is
 // not in it (bench/measure has that). PROGRAM_FOLDER is where practice_exam was installed.
 #include <QAbstractButton>
-#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QDir>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -153,7 +153,7 @@ void run(WatchedApplication& qt, const QString& folder, int samples) {
   Quest& quest = program.application.quest();
   TestRun& test = program.application.program().test_run;
   desktop::ScreenWindow* window = program.desk.window_of(quest);
-  auto* view = window->widget("WebBrowser1")->findChild<QAbstractScrollArea*>();
+  auto* view = window->widget("WebBrowser1")->findChild<QTextBrowser*>();
   if (view == nullptr) fail("the page has no view");
 
   EmptyWindow empty;

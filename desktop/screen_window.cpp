@@ -98,6 +98,10 @@ void ScreenWindow::mirror() {
     }
     return;
   }
+  // The height of the menu bar follows from its entries' texts.
+  for (Part& part : parts_) {
+    if (std::holds_alternative<MenuEntry*>(part.entry->control)) mirror_part(part);
+  }
   mirror_geometry();
   const QString title = to_qt(screen_.caption);
   if (windowTitle() != title) setWindowTitle(title);

@@ -59,6 +59,21 @@ TEST_F(OpenScreen, ALargerWindowGivesItsRoomToThePage) {
                                            strip.width, strip.height}));
 }
 
+TEST_F(OpenScreen, AltGivesTheKeyboardToThePageAndOtherKeysDoNot) {
+  quest().set_focus("cmd_buttons", 0);
+  quest().key_down(false);
+  EXPECT_EQ(quest().focus().first, "cmd_buttons");
+  quest().key_down(true);
+  EXPECT_EQ(quest().focus().first, "WebBrowser1");
+}
+
+TEST_F(OpenScreen, AResellersTestIsCalledByTheResellersName) {
+  robot.program().brand = "eTestCraft";
+  --robot.run().question_position;
+  quest().show_quest();
+  EXPECT_TRUE(quest().caption.starts_with("TestCraft Practice Test for: ")) << quest().caption;
+}
+
 TEST_F(OpenScreen, TheWindowHasALeastSize) {
   quest().bounds = {0, 0, 300, 300};
   quest().resize();

@@ -159,6 +159,12 @@ TEST_F(HelpersTest, APictureThatIsNotThereIsAFault) {
   }
 }
 
+TEST_F(HelpersTest, ASoundIsHandedToTheDesktopsPlayerWithTwoBlanksBehindIt) {
+  play_sound(program(), "http://tutor.marlo.example/tests/46000/q1.wmv");
+  EXPECT_EQ(robot.world.shell.calls.back(),
+            "media play http://tutor.marlo.example/tests/46000/q1.wmv  ");
+}
+
 TEST(TestRunNumbers, ARowFollowsFromOrderStrideAndBase) {
   auto run = std::make_unique<TestRun>();
   run->question_order[1] = 1;
