@@ -170,12 +170,13 @@ bool Desk::take_alt_key(ScreenWindow& window, QKeyEvent& key) {
   if (is_alt) return page != nullptr && key.type() == QEvent::ShortcutOverride;
   if (page == nullptr || key.key() < Qt::Key_0 || key.key() > Qt::Key_Z) return false;
   const char letter = static_cast<char>(QChar(key.key()).toLower().toLatin1());
-  if (!page->has_access_key(letter)) return false;
+  const bool is_of_the_page = page->has_access_key(letter);
   if (key.type() == QEvent::ShortcutOverride) {
-    key.accept();
-  } else {
-    page->take_access_key(letter);
+    if (is_of_the_page) key.accept();
+    return is_of_the_page;
   }
+  // A letter that neither page nor window answers to must not be typed into the page's text box.
+  if (is_of_the_page) page->take_access_key(letter);
   return true;
 }
 

@@ -25,21 +25,11 @@ void Exhibit::design() {
 }
 
 void Exhibit::load() {
-  height_gap_ = bounds.height - text1.bounds.height;
-  width_gap_ = bounds.width - text1.bounds.width;
-  button_gap_ = bounds.height - Command1.bounds.top;
+  gaps_.take(*this, text1, Command1);
   skip([&] { center_form(program_, *this); });
 }
 
-void Exhibit::resize() {
-  if (window_state == WindowState::minimised) return;
-  bounds.height = std::max(bounds.height, least_height);
-  bounds.width = std::max(bounds.width, least_width);
-  text1.bounds.height = bounds.height - height_gap_;
-  text1.bounds.width = bounds.width - width_gap_;
-  Command1.bounds.top = bounds.height - button_gap_;
-  Command1.bounds.left = (bounds.width - Command1.bounds.width) / 2;
-}
+void Exhibit::resize() { gaps_.lay_out(*this, text1, Command1); }
 
 void Exhibit::close_window() { program_.forms.hide(Form::Exhibit); }
 
@@ -75,21 +65,11 @@ void Diagram::design() {
 }
 
 void Diagram::load() {
-  height_gap_ = bounds.height - Image1.bounds.height;
-  width_gap_ = bounds.width - Image1.bounds.width;
-  button_gap_ = bounds.height - Command1.bounds.top;
+  gaps_.take(*this, Image1, Command1);
   skip([&] { center_form(program_, *this); });
 }
 
-void Diagram::resize() {
-  if (window_state == WindowState::minimised) return;
-  bounds.height = std::max(bounds.height, least_height);
-  bounds.width = std::max(bounds.width, least_width);
-  Image1.bounds.height = bounds.height - height_gap_;
-  Image1.bounds.width = bounds.width - width_gap_;
-  Command1.bounds.top = bounds.height - button_gap_;
-  Command1.bounds.left = (bounds.width - Command1.bounds.width) / 2;
-}
+void Diagram::resize() { gaps_.lay_out(*this, Image1, Command1); }
 
 void Diagram::close_window() { program_.forms.hide(Form::Diagram); }
 

@@ -71,21 +71,11 @@ void TheAnswer::load() {
     skip([&] { program_.handover->enable_next(false); });
     program_.test_run.next_pressed = false;
   }
-  height_gap_ = bounds.height - text1.bounds.height;
-  width_gap_ = bounds.width - text1.bounds.width;
-  frame_gap_ = bounds.height - Frame1.bounds.top;
+  gaps_.take(*this, text1, Frame1);
   skip([&] { center_form(program_, *this); });
 }
 
-void TheAnswer::resize() {
-  if (window_state == WindowState::minimised) return;
-  bounds.height = std::max(bounds.height, least_height);
-  bounds.width = std::max(bounds.width, least_width);
-  text1.bounds.height = bounds.height - height_gap_;
-  text1.bounds.width = bounds.width - width_gap_;
-  Frame1.bounds.top = bounds.height - frame_gap_;
-  Frame1.bounds.left = (bounds.width - Frame1.bounds.width) / 2;
-}
+void TheAnswer::resize() { gaps_.lay_out(*this, text1, Frame1); }
 
 void TheAnswer::close_window() {
   skip([&] { program_.handover->enable_next(true); });

@@ -53,6 +53,21 @@ TEST_F(Access, NextHasTheFocusWhenAQuestionComesUp) {
   EXPECT_EQ(window("quest")->focusWidget(), widget("quest", "cmd_buttons", 0));
 }
 
+TEST_F(Access, AltWithALetterThatNobodyAnswersToTypesNothingIntoTheBox) {
+  // Extra questions, until one is to be filled in.
+  click("pick_a_quiz", "which_quiz", 2);
+  application->pick_a_quiz().random_questions.value = 0;
+  application->pick_a_quiz().answer_when_wrong.value = 0;
+  start_quiz();
+  while (run().question_kind != "Fill_In" && quest().visible) click("quest", "cmd_buttons", 0);
+  ASSERT_EQ(run().question_kind, "Fill_In");
+  key("quest", Qt::Key_C, Qt::AltModifier);
+  EXPECT_EQ(quest().WebBrowser1.view.document.input("txt_fill")->value, "");
+  EXPECT_TRUE(window("quest")->focusWidget()->inherits("QLineEdit"));
+  QTest::keyClicks(window("quest")->focusWidget(), QStringLiteral("c"));
+  EXPECT_EQ(quest().WebBrowser1.view.document.input("txt_fill")->value, "c");
+}
+
 TEST_F(Access, ANewNameReachesTheTestInCapitals) {
   widget("pick_a_quiz", "txtstudentname")->setFocus();
   auto* name = static_cast<QLineEdit*>(widget("pick_a_quiz", "txtstudentname"));

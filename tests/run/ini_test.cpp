@@ -56,7 +56,7 @@ TEST(Ini, OneKeyOfOneSection) {
 }
 
 TEST(Ini, AnyBytesAreTaken) {
-  const std::string bytes("[a]\n\xff\x00=\x01\nk=\xfe\xff\n", 16);
+  const std::string bytes("[a]\n\xff\x00=\x01\nk=\xfe\xff\n", 14);
   EXPECT_EQ(ini_value(bytes, "a", "k"), "\xfe\xff");
 }
 

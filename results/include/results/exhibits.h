@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "results/kept_gaps.h"
 #include "session/program.h"
 
 namespace practice {
@@ -27,9 +28,7 @@ class Exhibit : public Screen, public ExhibitControls {
 
  private:
   Program& program_;
-  double width_gap_ = 0;
-  double height_gap_ = 0;
-  double button_gap_ = 0;
+  KeptGaps gaps_;
 };
 
 struct DiagramControls {
@@ -51,9 +50,7 @@ class Diagram : public Screen, public DiagramControls {
 
  private:
   Program& program_;
-  double width_gap_ = 0;
-  double height_gap_ = 0;
-  double button_gap_ = 0;
+  KeptGaps gaps_;
 };
 
 }  // namespace practice

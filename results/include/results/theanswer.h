@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/screen.h"
+#include "results/kept_gaps.h"
 #include "session/program.h"
 
 namespace practice {
@@ -46,9 +47,7 @@ class TheAnswer : public Screen, public TheAnswerControls {
   void print_page();
 
   Program& program_;
-  double width_gap_ = 0;
-  double height_gap_ = 0;
-  double frame_gap_ = 0;
+  KeptGaps gaps_;
 };
 
 }  // namespace practice
