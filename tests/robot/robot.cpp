@@ -30,7 +30,10 @@ void Robot::put_distribution() {
   for (const Exam& exam : exams()) {
     const std::string folder = "\\program\\" + replace_all(exam.data_file, ".dat", "\\");
     world.files.write(folder + "blank.htm", content_of(data / "distribution" / "blank.htm"));
-    for (const auto& file : fs::directory_iterator(data / "exams" / lower(exam.name))) {
+    // An exam whose questions show nothing has no folder.
+    const fs::path content = data / "exams" / lower(exam.name);
+    if (!fs::is_directory(content)) continue;
+    for (const auto& file : fs::directory_iterator(content)) {
       if (file.path().extension() == ".txt") {
         world.files.write(folder + file.path().filename().string(), content_of(file.path()));
       }
