@@ -1,5 +1,6 @@
 #include "desk.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
 #include <QFontMetricsF>
@@ -149,6 +150,14 @@ void Desk::end_process() {
 }
 
 bool Desk::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut) {
+    // Qt would show the button pressed for a tenth of a second before it answers.
+    auto* button = qobject_cast<QAbstractButton*>(watched);
+    if (button == nullptr || static_cast<QShortcutEvent*>(event)->isAmbiguous()) return false;
+    button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+    return true;
+  }
   if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
   auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr || ended_) return false;

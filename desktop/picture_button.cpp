@@ -42,7 +42,7 @@ void PictureButton::leaveEvent(QEvent*) { update(); }
 
 void PictureButton::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    animateClick();
+    click();
     return;
   }
   QAbstractButton::keyPressEvent(event);

@@ -230,13 +230,13 @@ void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   }
   auto* focused = qobject_cast<QPushButton*>(focusWidget());
   if (focused != nullptr && focused->isEnabled()) {
-    focused->animateClick();
+    focused->click();
     return;
   }
   for (const Part& part : parts_) {
     auto* const* button = std::get_if<Button*>(&part.entry->control);
     if (button != nullptr && (*button)->is_default && (*button)->visible && (*button)->enabled) {
-      static_cast<QPushButton*>(part.widget)->animateClick();
+      static_cast<QPushButton*>(part.widget)->click();
       return;
     }
   }
