@@ -37,7 +37,11 @@ class Student {
   explicit Student(const char* exam) {
     robot.put_distribution();
     robot.start(exam);
-    robot.close_answers();
+    robot.world.stage.modal_user = [this](Screen& shown) {
+      ++answers_seen;
+      answer_page = robot.page().written();
+      robot.click(shown.form_name, "Closeb");
+    };
   }
 
   void start_test() {
@@ -81,6 +85,9 @@ class Student {
   }
 
   robot::Robot robot;
+  int answers_seen = 0;
+  /// The last one seen.
+  std::string answer_page;
 };
 
 // A bank loaded over the same bank, as each click on a quiz does.
@@ -146,11 +153,7 @@ void question_page(State& state, std::string_view wanted) {
 BENCHMARK_CAPTURE(question_page, radio, kind::radio_button);
 BENCHMARK_CAPTURE(question_page, check_box, kind::check_box);
 
-void parse_page(State& state, std::string_view wanted) {
-  Student student(falco);
-  student.start_test();
-  if (!student.go_to_longest(wanted)) return state.SkipWithError("no such question");
-  const std::string page = student.robot.page().written();
+void parse(State& state, const std::string& page) {
   html::Document document;
   for (auto _ : state) {
     document.open();
@@ -159,8 +162,24 @@ void parse_page(State& state, std::string_view wanted) {
   }
   state.counters["bytes"] = static_cast<double>(page.size());
 }
+
+void parse_page(State& state, std::string_view wanted) {
+  Student student(falco);
+  student.start_test();
+  if (!student.go_to_longest(wanted)) return state.SkipWithError("no such question");
+  parse(state, student.robot.page().written());
+}
 BENCHMARK_CAPTURE(parse_page, radio, kind::radio_button);
 BENCHMARK_CAPTURE(parse_page, check_box, kind::check_box);
+
+void parse_answer_page(State& state) {
+  Student student(falco);
+  student.start_test();
+  if (!student.go_to_longest(kind::radio_button)) return state.SkipWithError("no such question");
+  student.robot.app().theanswer().show_answer();
+  parse(state, student.answer_page);
+}
+BENCHMARK(parse_answer_page);
 
 // The answer view from its call to its close: page, parsing, and the screen's load and unload.
 void answer_view(State& state) {
@@ -182,6 +201,7 @@ void next_pressed(State& state, bool rightly) {
     if (rightly) student.answer_rightly();
     state.SetIterationTime(seconds_of([&] { student.press_next(); }));
   }
+  if (!rightly && student.answers_seen == 0) state.SkipWithError("no answer was shown");
 }
 BENCHMARK_CAPTURE(next_pressed, right, true)->UseManualTime();
 BENCHMARK_CAPTURE(next_pressed, wrong, false)->UseManualTime();

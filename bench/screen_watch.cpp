@@ -6,7 +6,7 @@
 //   screen_watch open KEYCODE
 //       presses the key; from there to a further window mapped, and to that painted
 //   screen_watch change WINDOW X Y WIDTH HEIGHT KEYCODE [MODIFIER KEYCODE]
-//       presses the key; from there to a change within that rectangle of the window
+//       presses the key; from there to other pixels within that rectangle of the window
 //
 // Painted means that nothing of the display's background is left in the window, which is why the
 // background is given a colour that no program uses.
@@ -111,6 +111,22 @@ class Display {
     }
   }
 
+  std::vector<std::uint32_t> pixels_of(xcb_window_t window, const xcb_rectangle_t& part) {
+    const Reply<xcb_get_image_reply_t> image(
+        xcb_get_image_reply(connection_,
+                            xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, part.x,
+                                          part.y, part.width, part.height, ~std::uint32_t{0}),
+                            nullptr));
+    if (!image) fail("the window can not be looked at");
+    std::vector<std::uint32_t> pixels(std::size_t{part.width} * part.height);
+    const auto bytes = pixels.size() * sizeof pixels[0];
+    if (static_cast<std::size_t>(xcb_get_image_data_length(image.get())) < bytes) {
+      fail("the display has fewer than 32 bits a pixel");
+    }
+    std::memcpy(pixels.data(), xcb_get_image_data(image.get()), bytes);
+    return pixels;
+  }
+
   void watch_changes(xcb_window_t window) {
     const xcb_query_extension_reply_t* damage = xcb_get_extension_data(connection_, &xcb_damage_id);
     if (damage == nullptr || damage->present == 0) fail("the display can not report changes");
@@ -124,14 +140,17 @@ class Display {
     }
   }
 
-  void wait_for_change(const xcb_rectangle_t& wanted, Clock::time_point deadline) {
+  /// Waits until the pixels of that part are others than `before`. A mere repainting of the same
+  /// is none.
+  void wait_for_change(xcb_window_t window, const xcb_rectangle_t& wanted,
+                       const std::vector<std::uint32_t>& before, Clock::time_point deadline) {
     for (;;) {
       const Reply<xcb_generic_event_t> event = wait_for_event(deadline);
       if ((event->response_type & 0x7F) != damage_event_ + XCB_DAMAGE_NOTIFY) continue;
       const xcb_rectangle_t& area = reinterpret_cast<xcb_damage_notify_event_t*>(event.get())->area;
       const bool meets = area.x < wanted.x + wanted.width && wanted.x < area.x + area.width &&
                          area.y < wanted.y + wanted.height && wanted.y < area.y + area.height;
-      if (meets) return;
+      if (meets && pixels_of(window, wanted) != before) return;
     }
   }
 
@@ -159,20 +178,11 @@ class Display {
   }
 
   bool shows_backdrop(const Window& window, int row) {
-    const auto width = static_cast<std::uint16_t>(window.width);
-    const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(
-        connection_,
-        xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window.id, 0,
-                      static_cast<std::int16_t>(row), width, 1, ~std::uint32_t{0}),
-        nullptr));
-    if (!image) return true;
-    const std::uint8_t* bytes = xcb_get_image_data(image.get());
-    for (int x = 0; x < window.width; ++x) {
-      std::uint32_t pixel = 0;
-      std::memcpy(&pixel, bytes + 4 * x, sizeof pixel);
-      if ((pixel & colour_bits) == backdrop) return true;
-    }
-    return false;
+    const std::vector<std::uint32_t> pixels =
+        pixels_of(window.id,
+                  {0, static_cast<std::int16_t>(row), static_cast<std::uint16_t>(window.width), 1});
+    return std::ranges::any_of(
+        pixels, [](std::uint32_t pixel) { return (pixel & colour_bits) == backdrop; });
   }
 
   xcb_connection_t* connection_;
@@ -212,9 +222,10 @@ void change_window(xcb_window_t window, const xcb_rectangle_t& area,
                    std::vector<std::uint8_t> keys) {
   Display display;
   display.watch_changes(window);
+  const std::vector<std::uint32_t> before = display.pixels_of(window, area);
   const auto start = Clock::now();
   display.press(std::move(keys));
-  display.wait_for_change(area, start + patience);
+  display.wait_for_change(window, area, before, start + patience);
   std::printf("%.2f\n", milliseconds(Clock::now() - start));
 }
 

@@ -189,6 +189,7 @@ void run(WatchedApplication& qt, const QString& folder, int samples) {
   std::printf("  key to label painted    median %.2f ms, 9 of 10 within %.2f ms\n", label,
               at(label_times, 0.9));
   std::printf("  ratio %.2f (budget %.1f)\n", next / label, budget);
+  program.desk.take_down();
 }
 
 }  // namespace
