@@ -169,11 +169,12 @@ bool Desk::eventFilter(QObject* watched, QEvent* event) {
 // key for itself, and then sends it, to the widget with the focus and each one around it.
 bool Desk::take_alt_key(ScreenWindow& window, QKeyEvent& key) {
   const bool is_alt = key.key() == Qt::Key_Alt;
-  if (!is_alt && key.modifiers() != Qt::AltModifier) return false;
+  if (!is_alt && !key.modifiers().testFlag(Qt::AltModifier)) return false;
   if (key.type() == QEvent::ShortcutOverride && !key.isAutoRepeat()) {
     window.screen().key_down(true);
     window.carry_out_focus();
   }
+  if (!is_alt && key.modifiers() != Qt::AltModifier) return false;
   PageView* page = window.page();
   // Alt alone would go on to the menu bar, which takes the keyboard away from the page again.
   if (is_alt) return page != nullptr && key.type() == QEvent::ShortcutOverride;

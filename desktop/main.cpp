@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QIcon>
+#include <QLocale>
 #include <QStringList>
 
 #include "desk.h"
@@ -23,8 +24,15 @@ int main(int argc, char** argv) {
   desktop::QtClock clock;
   desktop::QtRandom random;
   desktop::Desk desk(files);
-  Platform platform{files, settings, shell, messages,
-                    clock, random,   desk,  desktop::from_qt(folder)};
+  Platform platform{files,
+                    settings,
+                    shell,
+                    messages,
+                    clock,
+                    random,
+                    desk,
+                    desktop::from_qt(folder),
+                    desktop::from_qt(QLocale::system().decimalPoint())};
   messages.before_a_box = [&desk]() -> QWidget* {
     desk.mirror_all();
     return desk.front_widget();

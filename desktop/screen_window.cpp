@@ -112,10 +112,14 @@ void ScreenWindow::mirror() {
   }
   for (Part& part : parts_) mirror_part(part);
   mirror_more();
-  if (isVisible()) return;
-  setWindowModality(screen_.modal ? Qt::ApplicationModal : Qt::NonModal);
-  if (screen_.modal) stay_above_the_others();
-  show();
+  const bool to_front = screen_.take_front_request();
+  if (!isVisible()) {
+    setWindowModality(screen_.modal ? Qt::ApplicationModal : Qt::NonModal);
+    if (screen_.modal) stay_above_the_others();
+    show();
+  } else if (!to_front || isActiveWindow()) {
+    return;
+  }
   raise();
   activateWindow();
 }

@@ -92,16 +92,18 @@ void TheAnswer::show_answer() {
   skip([&] { program_.forms.load(Form::theanswer); });
   std::string page = text;
   skip([&] { set_wow_explanation_html(page); });
+  // Time may have run out while the page was on its way.
+  if (!loaded) return;
   skip([&] { find_jump_link(text); });
   skip([&] { center_form(program_, *this); });
   if (run.print_mode == printing) {
     stop_at_first_fault([&] { print_page(); });
-    program_.forms.hide(Form::theanswer);
+    skip([&] { program_.forms.hide(Form::theanswer); });
     return;
   }
   set_focus("Closeb");
-  program_.forms.show_modal(Form::theanswer);
-  program_.forms.unload(Form::theanswer);
+  skip([&] { program_.forms.show_modal(Form::theanswer); });
+  skip([&] { program_.forms.unload(Form::theanswer); });
 }
 
 void TheAnswer::correct_verdict() {
@@ -147,7 +149,8 @@ std::string TheAnswer::answer_text() {
         "Brightwater Press Book Reference: PDF Page - " + replace_all(book_line, "##", "<br>");
   }
   body += "<br><br><br>" + question.explanation + "<br><br>" + book_line;
-  const std::string block = verdict_block(question);
+  std::string block;
+  skip([&] { block = verdict_block(question); });
   return program_.options.answer_position == "bottom" ? body + "<br><br><br>" + block
                                                       : block + body;
 }

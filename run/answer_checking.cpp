@@ -1,6 +1,5 @@
 // Checking of answers, and the tallies of the run.
-#include <cmath>
-#include <cstdio>
+#include <optional>
 
 #include "platform/values/text.h"
 #include "run/quest3.h"
@@ -33,13 +32,6 @@ std::optional<Condition> condition_in(std::string_view entry) {
     return Condition{cut(trimmed, 0, equals), cut(trimmed, equals + 1, rest)};
   }
   return {};
-}
-
-std::string one_decimal_percent(double percent) {
-  char buffer[32];
-  // Half up, as students are used to it; printf would round 12.25 to even.
-  std::snprintf(buffer, sizeof buffer, "%.1f%%", std::floor(percent * 10 + 0.5) / 10);
-  return buffer;
 }
 
 }  // namespace
@@ -83,15 +75,14 @@ bool Quest::fill_in_is_right() {
 }
 
 bool Quest::choice_is_right() {
-  const Question& row = row_on_show(program_);
-  std::string& given = run_.answer_given[run_.current_row];
   bool right = true;
   for (int i = 1; i <= 6; ++i) {
-    const int mark = row.answer_chosen[i] == 1 ? 1 : 0;
-    if (mark == 1) {
-      given += ' ';
-      given += static_cast<char>('A' + i - 1);
-    }
+    int mark = 0;
+    skip([&] {
+      if (row_on_show(program_).answer_chosen[i] != 1) return;
+      mark = 1;
+      run_.answer_given[run_.current_row].append(" ").push_back(static_cast<char>('A' + i - 1));
+    });
     if (mark != program_.current_question.answer_correct[i]) right = false;
   }
   return right;
@@ -126,14 +117,16 @@ void Quest::record(bool right) {
   const int category = category_of(program_.current_question);
   skip([&] { run_.last_results[program_.current_question.question_id] = right ? "0" : "1"; });
   skip([&] { row_on_show(program_).result_state = right ? result::right : result::wrong; });
+  // Before the answer is shown, as the test may be graded while the student reads it.
+  if (right) {
+    skip([&] { ++run_.right_count; });
+    skip([&] {
+      if (category < 151) ++run_.category_right[category];
+    });
+  }
   const Integer wants_answer =
       right ? program_.options.show_answer_when_right : program_.options.show_answer_when_wrong;
   if (wants_answer == 1) skip([&] { program_.handover->show_answer(); });
-  if (!right) return;
-  skip([&] { ++run_.right_count; });
-  skip([&] {
-    if (category < 151) ++run_.category_right[category];
-  });
 }
 
 void Quest::calculate_score() {
@@ -150,11 +143,12 @@ void Quest::calculate_score() {
   score.caption = text_form(right) + "/" + text_form(answered);
   // With nothing answered the panel keeps what it shows.
   if (answered > 0) {
-    Percent_Right.caption = one_decimal_percent(100.0 * int{right} / answered);
+    Percent_Right.caption =
+        with_one_decimal(100.0 * int{right} / answered, program_.platform.decimal_point) + "%";
     the_gauge.bounds.height =
         (1 - static_cast<double>(int{right}) / answered) * Gauge1.bounds.height;
   }
-  the_gauge.visible = the_gauge.bounds.height >= 20;
+  the_gauge.visible = the_gauge.bounds.height >= least_bar_height;
   run_.right_count = right;
 }
 

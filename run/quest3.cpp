@@ -32,6 +32,7 @@ void Quest::show_quest() {
     show_all(diagrambutton, false);
     set_focus("cmd_buttons", 0);
   });
+  ++shows_;
   single_correct_ = true;
   program_.pages.book_page.clear();
   trap([&] { program_.platform.random.seed_from_clock(); });
@@ -79,7 +80,7 @@ void Quest::show_quest() {
 void Quest::show_score_panel() {
   const bool shown = program_.options.show_running_score != 0;
   Gauge1.visible = shown;
-  the_gauge.visible = shown;
+  the_gauge.visible = shown && the_gauge.bounds.height >= least_bar_height;
   Percent_Right.visible = shown;
   score.visible = shown;
   Label2.visible = shown;
@@ -167,14 +168,18 @@ void Quest::show_book_button() {
 
 void Quest::set_wow_question_html(std::string_view html) {
   html::View& view = WebBrowser1.view;
+  const int this_show = shows_;
+  // A wait lets the student press Next again, or time run out; the newest page is the one to stay.
+  const auto is_wanted = [&] { return loaded && this_show == shows_; };
   if (program_.pages.page_scripts_state != page_scripts_ready) {
     program_.pages.page_scripts_state = page_scripts_ready;
     program_.pages.page_scripts = page_guard_scripts();
     show_blank_page(program_, view);
+    if (!is_wanted()) return;
   }
   write_page(program_, view, html);
   program_.pages.current_page = html;
-  while (view.busy && loaded) program_.platform.stage.pump();
+  while (view.busy && is_wanted()) program_.platform.stage.pump();
   wire_exhibit_links(view.document, *this, "HTML_Click");
 }
 
@@ -209,9 +214,10 @@ void Quest::read_page_inputs() {
 
 void Quest::finish_question() {
   skip([&] { set_status_line(false); });
+  const int this_test = generation;
   check_answer();
   // Time may have run out, or the student may have quit, while the answer was on show.
-  if (!loaded) return;
+  if (!loaded || generation != this_test) return;
   show_quest();
 }
 

@@ -92,6 +92,13 @@ void Quest::design() {
   mnu_show_answer = captioned<MenuEntry>("When Showing Answer");
   mnu_answer_at_top = captioned<MenuEntry>("Put Correct Answer near top");
   mnu_answer_at_bottom = captioned<MenuEntry>("Put Correct Answer near bottom");
+  mnu_emailsettings = hidden(captioned<MenuEntry>("Email Se&ttings"));
+  mnu_outlookexpress = captioned<MenuEntry>("Outlook (Express)");
+  mnu_webmail = captioned<MenuEntry>("Web Based Email");
+  mnu_changeemailadd = captioned<MenuEntry>("Change Email Address");
+  menu_help = captioned<MenuEntry>("&Help");
+  menu_contents = captioned<MenuEntry>("&Contents");
+  menu_about = captioned<MenuEntry>("&About");
 }
 
 void Quest::list_controls() {
@@ -145,7 +152,7 @@ void Quest::list_menus() {
     print_question();
   });
   list_menu("menu_file", "menu_quittest", menu_quittest).on_click([this] { grade_now(); });
-  list_menu("menu_file", "mnuBack", mnuBack);
+  list_menu("menu_file", "mnuBack", mnuBack).on_click([this] { back_to_options(); });
   list_menu("menu_file", "menu_exit", menu_exit).on_click([this] { ask_to_exit(); });
 
   list_menu("", "menu_fontsize", menu_fontsize);
@@ -184,6 +191,23 @@ void Quest::list_menus() {
   });
   list_menu("mnu_show_answer", "mnu_answer_at_bottom", mnu_answer_at_bottom).on_click([this] {
     put_answer("bottom");
+  });
+
+  list_menu("", "mnu_emailsettings", mnu_emailsettings);
+  list_menu("mnu_emailsettings", "mnu_outlookexpress", mnu_outlookexpress).on_click([this] {
+    keep_mail_kind("outlook");
+  });
+  list_menu("mnu_emailsettings", "mnu_webmail", mnu_webmail).on_click([this] { mail_by_web(); });
+  list_menu("mnu_emailsettings", "mnu_changeemailadd", mnu_changeemailadd).on_click([this] {
+    change_mail_address();
+  });
+
+  list_menu("", "menu_help", menu_help);
+  list_menu("menu_help", "menu_contents", menu_contents).on_click([this] {
+    skip([&] { open_document(program_, "marlo.chm", WindowShow::normal); });
+  });
+  list_menu("menu_help", "menu_about", menu_about).on_click([this] {
+    skip([&] { program_.forms.show_modal(Form::About1); });
   });
 }
 

@@ -59,6 +59,8 @@ void Quest::check_menus_at_load(Trap& trap) {
   menu_shownumanswer.checked = options.show_answer_count == 1;
   menu_backbutton.checked = options.back_button_on == 1;
   mnuEmbed.checked = options.embed_media != 0;
+  mnu_outlookexpress.checked = options.mail_kind == "outlook";
+  mnu_webmail.checked = options.mail_kind == "web";
   mnu_answer_at_top.checked = options.answer_position != "bottom";
   mnu_answer_at_bottom.checked = options.answer_position == "bottom";
 }

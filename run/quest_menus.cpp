@@ -6,6 +6,21 @@ namespace practice {
 namespace {
 constexpr int printing = 99;
 constexpr int not_printing = 1;
+
+std::string stored_address(const Program& program) {
+  return program.platform.settings.get("marlotest", "order", "email", "");
+}
+
+std::string ask_for_address(const Program& program, std::string_view old_address) {
+  return program.platform.messages.ask({.text = "Please Enter your Email Address.",
+                                        .title = "Web Based Mail",
+                                        .default_text = std::string(old_address)});
+}
+
+void keep_address(const Program& program, std::string_view address) {
+  program.platform.settings.save("marlotest", "order", "email", address);
+}
+
 }  // namespace
 
 void Quest::toggle(MenuEntry& entry, Integer& flag) {
@@ -55,11 +70,43 @@ void Quest::put_answer(std::string_view position) {
   mnu_answer_at_bottom.checked = position == "bottom";
 }
 
+void Quest::keep_mail_kind(std::string_view kind) {
+  mnu_outlookexpress.checked = kind == "outlook";
+  mnu_webmail.checked = kind == "web";
+  program_.options.mail_kind = kind;
+  skip([&] { save_option(program_, "mailtype", kind); });
+}
+
+// The web script answers to the student's own address, so there is no way on without one.
+void Quest::mail_by_web() {
+  keep_mail_kind("web");
+  skip([&] {
+    std::string address = stored_address(program_);
+    if (!address.empty()) return;
+    while (address.empty()) address = ask_for_address(program_, {});
+    keep_address(program_, address);
+  });
+}
+
+void Quest::change_mail_address() {
+  skip([&] {
+    const std::string old_address = stored_address(program_);
+    const std::string address = ask_for_address(program_, old_address);
+    keep_address(program_, address.empty() ? old_address : address);
+  });
+}
+
 void Quest::print_question() {
   run_.print_mode = printing;
   skip([&] { program_.handover->show_answer(); });
   run_.print_mode = not_printing;
   skip([&] { program_.forms.unload(Form::theanswer); });
+}
+
+void Quest::back_to_options() {
+  skip([&] { program_.forms.unload(Form::quest); });
+  skip([&] { program_.forms.unload(Form::theanswer); });
+  skip([&] { program_.forms.show(Form::pick_a_quiz); });
 }
 
 void Quest::ask_to_exit() {

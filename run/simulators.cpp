@@ -1,5 +1,7 @@
 #include "run/simulators.h"
 
+#include <algorithm>
+
 #include "platform/values/text.h"
 #include "run/ini.h"
 
@@ -8,6 +10,8 @@ namespace {
 
 constexpr std::string_view source = "quest3";
 constexpr std::size_t buffer_characters = 60;
+// No simulator writes more; what stands behind is never read.
+constexpr std::size_t result_bytes = 1 << 20;
 
 // The path that the platform tells, less the separator it may end in.
 std::string program_folder(const Program& program) {
@@ -85,10 +89,13 @@ std::string read_ini_value(const Program& program, std::string_view section, std
   const Files& files = program.platform.files;
   std::string value = file;
   if (files.exists(file)) {
-    skip([&] { value = ini_value(files.read(file), section, key).value_or(file); });
+    skip([&] {
+      value = ini_value(files.read_start(file, result_bytes), section, key).value_or(file);
+    });
   }
   std::string_view buffer = first_characters(value, buffer_characters - 1);
-  buffer = trim(buffer);
+  // The end of the buffer is no blank, so blanks behind the value stay.
+  buffer.remove_prefix(std::min(buffer.find_first_not_of(' '), buffer.size()));
   return std::string(buffer.substr(0, buffer.find('\0')));
 }
 

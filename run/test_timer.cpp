@@ -20,7 +20,8 @@ void Quest::tick() {
     return;
   }
   trap([&] {
-    const std::string left = text_form_tenths(minutes_left) + " min.";
+    const std::string left =
+        text_form_tenths(minutes_left, program_.platform.decimal_point) + " min.";
     caption = "Practice Test for " + program_.catalogue.exam_title + " - Question " +
               text_form(run_.question_position) + " of" + text_form(run_.question_total) +
               " ---  Time Left:" + left;

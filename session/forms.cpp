@@ -39,6 +39,7 @@ void Forms::show(Form form) {
   // A screen's load may have sent the student elsewhere.
   if (screen == nullptr || !screen->loaded) return;
   screen->visible = true;
+  screen->ask_for_front();
   came_to_front(*screen);
 }
 
@@ -48,6 +49,7 @@ void Forms::show_modal(Form form) {
   if (screen == nullptr || !screen->loaded) return;
   screen->modal = true;
   screen->visible = true;
+  screen->ask_for_front();
   came_to_front(*screen);
   stage_.run_modal(*screen);
   screen->modal = false;

@@ -65,12 +65,11 @@ QString find_in_folder(const QString& folder, const QString& source) {
   if (folder.isEmpty() || root.isEmpty()) return {};
 
   QString inner = without_file_scheme(with_slashes(source.trimmed()));
-  if (inner.startsWith(u'/')) {
-    QString opening = with_slashes(folder);
-    if (!opening.endsWith(u'/')) opening += u'/';
-    if (!inner.startsWith(opening, Qt::CaseInsensitive)) return {};
-    inner.remove(0, opening.size());
-  }
+  QString opening = with_slashes(folder);
+  if (!opening.endsWith(u'/')) opening += u'/';
+  // A bare name is broken too: pages stand in no folder.
+  if (!inner.startsWith(opening, Qt::CaseInsensitive)) return {};
+  inner.remove(0, opening.size());
   const QStringList parts = inner.split(u'/');
   if (inner.isEmpty() || parts.contains(u".."_s)) return {};
 

@@ -33,6 +33,11 @@ void write_all(QFileDevice& file, std::string_view content) {
   if (file.write(content.data(), size) != size || !file.flush()) throw fault_of(file);
 }
 
+void open_to_read(QFile& file) {
+  if (!file.exists()) throw Fault::file_not_found();
+  if (!file.open(QIODevice::ReadOnly)) throw fault_of(file);
+}
+
 }  // namespace
 
 bool QtFiles::exists(std::string_view path) const {
@@ -41,9 +46,14 @@ bool QtFiles::exists(std::string_view path) const {
 
 std::string QtFiles::read(std::string_view path) const {
   QFile file(system_path(path));
-  if (!file.exists()) throw Fault::file_not_found();
-  if (!file.open(QIODevice::ReadOnly)) throw fault_of(file);
+  open_to_read(file);
   return file.readAll().toStdString();
+}
+
+std::string QtFiles::read_start(std::string_view path, std::size_t bytes) const {
+  QFile file(system_path(path));
+  open_to_read(file);
+  return file.read(static_cast<qint64>(bytes)).toStdString();
 }
 
 void QtFiles::write(std::string_view path, std::string_view content) {
@@ -61,9 +71,12 @@ void QtFiles::append(std::string_view path, std::string_view content) {
 }
 
 void QtFiles::remove(std::string_view path) {
-  QFile file(system_path(path));
-  if (!file.exists()) throw Fault::file_not_found();
-  if (!file.remove()) throw fault_of(file);
+  if (!exists(path)) throw Fault::file_not_found();
+  // Names that differ by case are one file to the program, and all of them go.
+  while (exists(path)) {
+    QFile file(system_path(path));
+    if (!file.remove()) throw fault_of(file);
+  }
 }
 
 }  // namespace practice::desktop

@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
@@ -59,8 +60,9 @@ void QtSettings::save(std::string_view application, std::string_view section, st
 
 int QtShell::open(std::string_view target, std::string_view folder, WindowShow) {
   QUrl address(to_qt(target));
-  const bool is_address = target.starts_with("http://") || target.starts_with("https://") ||
-                          target.starts_with("mailto:");
+  const std::string opening = lower(target.substr(0, 8));
+  const bool is_address =
+      opening.starts_with("http://") || opening == "https://" || opening.starts_with("mailto:");
   if (!is_address) {
     constexpr std::string_view scheme = "file:///";
     if (target.starts_with(scheme)) target.remove_prefix(scheme.size() - 1);
@@ -79,7 +81,7 @@ void QtShell::start(std::string_view command_line) {
     const QString program = program_at(command_line.substr(0, end));
     if (program.isEmpty()) continue;
     const QStringList arguments = QProcess::splitCommand(to_qt(command_line.substr(end)));
-    if (!QProcess::startDetached(program, arguments, QFileInfo(program).absolutePath())) {
+    if (!QProcess::startDetached(program, arguments)) {
       throw Fault::path_access();
     }
     return;
@@ -127,8 +129,16 @@ float QtRandom::next() {
          static_cast<float>(range);
 }
 
+std::string QtMessages::ask(const InputBox& box) {
+  QInputDialog window(before_a_box());
+  window.setWindowTitle(to_qt(box.title));
+  window.setLabelText(to_qt(box.text));
+  window.setTextValue(to_qt(box.default_text));
+  return window.exec() == QDialog::Accepted ? from_qt(window.textValue()) : std::string();
+}
+
 Answer QtMessages::show(const MessageBox& box) {
-  QMessageBox window(before_a_box ? before_a_box() : nullptr);
+  QMessageBox window(before_a_box());
   window.setWindowTitle(box.title.empty() ? QCoreApplication::applicationName() : to_qt(box.title));
   window.setTextFormat(Qt::PlainText);
   window.setText(to_qt(box.text));

@@ -15,6 +15,7 @@ class QtFiles : public Files {
  public:
   bool exists(std::string_view path) const override;
   std::string read(std::string_view path) const override;
+  std::string read_start(std::string_view path, std::size_t bytes) const override;
   void write(std::string_view path, std::string_view content) override;
   void append(std::string_view path, std::string_view content) override;
   void remove(std::string_view path) override;
@@ -55,10 +56,11 @@ class QtRandom : public Random {
 
 class QtMessages : public Messages {
  public:
-  /// Draws the screens and tells which window a box belongs to.
-  std::function<QWidget*()> before_a_box;
+  /// Draws the screens and tells which window a box belongs to; needed from the first box on.
+  std::function<QWidget*()> before_a_box = [] { return nullptr; };
 
   Answer show(const MessageBox& box) override;
+  std::string ask(const InputBox& box) override;
 };
 
 }  // namespace practice::desktop

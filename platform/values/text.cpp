@@ -174,14 +174,19 @@ std::string text_form(int number) {
   return number < 0 ? std::to_string(number) : ' ' + std::to_string(number);
 }
 
-std::string text_form_tenths(double number) {
-  // Not by printf, whose decimal point is the one of the student's country.
+std::string with_one_decimal(double number, std::string_view decimal_point) {
+  // Not by printf, which takes its decimal point from the process.
   const long long tenths = std::llround(number * 10);
   const long long size = std::llabs(tenths);
-  std::string result = tenths < 0 ? "-" : " ";
+  std::string result = tenths < 0 ? "-" : "";
   result += std::to_string(size / 10);
-  if (size % 10 != 0) result.append(".").append(std::to_string(size % 10));
-  return result;
+  return result.append(decimal_point).append(std::to_string(size % 10));
+}
+
+std::string text_form_tenths(double number, std::string_view decimal_point) {
+  std::string result = with_one_decimal(number, decimal_point);
+  if (result.ends_with('0')) result.resize(result.size() - 1 - decimal_point.size());
+  return result.starts_with('-') ? result : ' ' + result;
 }
 
 std::string trimmed_text_form(int number) { return std::to_string(number); }

@@ -1,7 +1,5 @@
 // How the windows are reached without a mouse and without eyes: access keys, tab order, names.
 #include <QAbstractButton>
-#include <QPdfDocument>
-#include <QPrinter>
 
 #include "desktop_student.h"
 
@@ -75,33 +73,6 @@ TEST_F(Access, ANewNameReachesTheTestInCapitals) {
   QTest::keyClicks(name, QStringLiteral("Ada 7"));
   start_quiz();
   EXPECT_EQ(application->program().options.student_name, "ADA 7");
-}
-
-TEST_F(Access, AFontChosenInTheMenuShowsTheSameQuestionAnew) {
-  start_quiz();
-  desk->enter([&] { quest().find("menusize", 6)->click(); });
-  EXPECT_EQ(quest().question_number.caption, " 1");
-  EXPECT_EQ(application->program().options.font_size, 18);
-}
-
-TEST_F(Access, AQuestionIsPrintedAsRealText) {
-  start_quiz();
-  const QString pdf = folder.filePath(QStringLiteral("page.pdf"));
-  desk->choose_printer = [&](QPrinter& printer) {
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(pdf);
-    return true;
-  };
-  desk->enter([&] { quest().find("menu_printquestion", 0)->click(); });
-  QPdfDocument document;
-  ASSERT_EQ(document.load(pdf), QPdfDocument::Error::None);
-  QString text;
-  for (int page = 0; page < document.pageCount(); ++page) {
-    text += document.getAllText(page).text();
-  }
-  EXPECT_TRUE(text.contains(QStringLiteral("The correct answer(s):"))) << text.toStdString();
-  EXPECT_TRUE(text.contains(QStringLiteral("QID:")));
-  EXPECT_EQ(run().question_position, 1);
 }
 
 TEST_F(Access, AResizedTestKeepsItsProportionsAndItsLeastSize) {

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <deque>
@@ -29,6 +30,10 @@ class AnsweredMessages : public Messages {
  public:
   std::deque<Answer> answers;
   std::vector<MessageBox> shown;
+  /// What the student types into an input box.
+  std::string typed;
+
+  std::string ask(const InputBox&) override { return typed; }
 
   Answer show(const MessageBox& box) override {
     shown.push_back(box);
@@ -59,7 +64,8 @@ class DesktopTest : public testing::Test {
   void start(const std::string& command_line) {
     desk = std::make_unique<Desk>(files);
     platform = std::make_unique<Platform>(
-        Platform{files, settings, shell, messages, clock, random, *desk, from_qt(folder.path())});
+        Platform{files, settings, shell, messages, clock, random, *desk, from_qt(folder.path()),
+                 "."});
     application = std::make_unique<Application>(*platform, command_line);
     desk->show_screens_of(application->program().forms);
     desk->enter([&] { application->start(); });
@@ -88,6 +94,11 @@ class DesktopTest : public testing::Test {
     QWidget* focused = window(screen)->focusWidget();
     QTest::keyClick(focused != nullptr ? focused : window(screen), pressed, with);
     QTest::qWait(0);
+  }
+
+  /// Turns to a tab of the options screen, from 0.
+  void turn_to_tab(int tab) {
+    static_cast<QTabWidget*>(widget("pick_a_quiz", "SSTab1"))->setCurrentIndex(tab);
   }
 
   Quest& quest() { return application->quest(); }

@@ -355,13 +355,13 @@ TEST(TextTest, WritesTheTextFormWithABlankForTheSign) {
 }
 
 TEST(TextTest, WritesTenthsOnlyWhereThereAreSome) {
-  EXPECT_EQ(text_form_tenths(59.9), " 59.9");
-  EXPECT_EQ(text_form_tenths(60), " 60");
-  EXPECT_EQ(text_form_tenths(59.96), " 60");
-  EXPECT_EQ(text_form_tenths(0.04), " 0");
-  EXPECT_EQ(text_form_tenths(-0.04), " 0");
-  EXPECT_EQ(text_form_tenths(-3.26), "-3.3");
-  EXPECT_EQ(text_form_tenths(-60), "-60");
+  EXPECT_EQ(text_form_tenths(59.9, "."), " 59.9");
+  EXPECT_EQ(text_form_tenths(60, "."), " 60");
+  EXPECT_EQ(text_form_tenths(59.96, "."), " 60");
+  EXPECT_EQ(text_form_tenths(0.04, "."), " 0");
+  EXPECT_EQ(text_form_tenths(-0.04, "."), " 0");
+  EXPECT_EQ(text_form_tenths(-3.26, "."), "-3.3");
+  EXPECT_EQ(text_form_tenths(-60, "."), "-60");
 }
 
 TEST(TextTest, CountsCharactersAndNotBytes) {

@@ -125,6 +125,29 @@ TEST_F(AnswerViewTest, ABookReferenceWithoutAPageStandsAsItIs) {
   expect_not_in(shown, "Book Reference");
 }
 
+// Outside the table only the verdict is unknown.
+TEST_F(AnswerViewTest, ARowOutsideTheTableCostsTheVerdictAndNotThePage) {
+  robot.program().current_question = row(2);
+  robot.run().current_row = 1001;
+  robot.run().answer_verdict = verdict::wrong;
+  robot.program().current_question.result_state = 0;
+  std::string written;
+  robot.world.stage.modal_user = [&](Screen&) {
+    written = theanswer().text1.view.document.written();
+    robot.click("theanswer", "Closeb");
+  };
+  theanswer().show_answer();
+  expect_in(written, "</style>\r\n<br><br>Which command shows the table?<br>A.)  show mac");
+  expect_in(written, "PDF Page - 284<br>Modifying STP Timers");
+}
+
+TEST_F(AnswerViewTest, TheTutorsButtonIsHiddenWithAndWithoutATutor) {
+  for (const char* tutor : {"", "vlans"}) {
+    row(2).tutor_file = tutor;
+    page([&] { EXPECT_FALSE(theanswer().cmdtutor.visible); });
+  }
+}
+
 TEST_F(AnswerViewTest, EveryPairOfNumberSignsInAReferenceBreaksTheLine) {
   row(2).book_reference = "284##One##Two";
   expect_in(page(), "Brightwater Press Book Reference: PDF Page - 284<br>One<br>Two<br><br> QID");

@@ -115,6 +115,16 @@ TEST_F(ExhibitsTest, AMarkerOfASimulatorHasNoDiagramButton) {
   EXPECT_ROBOT_REFUSES(robot.click("quest", "diagrambutton", 0));
 }
 
+// The button of a dialogue simulator's marker stands there, and there is no such picture.
+TEST_F(ExhibitsTest, AMarkerThatIsOpenedIsAFileThatIsNotThere) {
+  next_with("", "xxxmssim");
+  robot.click("quest", "diagrambutton", 0);
+  EXPECT_TRUE(diagram().visible);
+  EXPECT_EQ(diagram().Image1.view.address(), folder() + "xxxmssim");
+  robot.world.stage.pump();
+  EXPECT_EQ(diagram().Image1.view.picture(), "");
+}
+
 TEST_F(ExhibitsTest, BothGrowFreelyAndShrinkToTheirLeastSizeByDirection) {
   next_with("q1.txt", "d1.png");
   robot.click("quest", "exhibitbutton", 0);

@@ -76,6 +76,11 @@ const ControlEntry& Robot::usable(std::string_view screen_name, std::string_view
   if (!owner.loaded || !owner.visible) throw RobotFailure{what + ": the screen is not shown"};
   if (!state.visible) throw RobotFailure{what + " is hidden"};
   if (!state.enabled) throw RobotFailure{what + " is disabled"};
+  for (std::string menu = entry.menu; !menu.empty();) {
+    const ControlEntry& around = control(screen_name, menu);
+    if (!base_of(around.control).visible) throw RobotFailure{what + " is in a hidden menu"};
+    menu = around.menu;
+  }
   return entry;
 }
 

@@ -27,6 +27,10 @@ std::string MemoryFiles::read(std::string_view path) const {
   return file->second.content;
 }
 
+std::string MemoryFiles::read_start(std::string_view path, std::size_t bytes) const {
+  return read(path).substr(0, bytes);
+}
+
 MemoryFiles::File& MemoryFiles::writable(std::string_view path) {
   const std::string wanted = key(path);
   if (protected_.contains(wanted)) throw Fault::permission_denied();
@@ -64,6 +68,7 @@ std::string MemorySettings::get(std::string_view application, std::string_view s
 
 void MemorySettings::save(std::string_view application, std::string_view section,
                           std::string_view key, std::string_view value) {
+  if (is_full) throw Fault::disk_full();
   values[{std::string(application), std::string(section), std::string(key)}] = value;
 }
 
@@ -94,6 +99,15 @@ Answer ScriptedMessages::show(const MessageBox& box) {
   if (answers.empty()) throw RobotFailure{"nobody answers the box \"" + box.text + "\""};
   const Answer answer = answers.front();
   answers.pop_front();
+  return answer;
+}
+
+std::string ScriptedMessages::ask(const InputBox& box) {
+  asked.push_back(box);
+  if (while_open) while_open();
+  if (typed.empty()) throw RobotFailure{"nobody answers the question \"" + box.text + "\""};
+  std::string answer = std::move(typed.front());
+  typed.pop_front();
   return answer;
 }
 

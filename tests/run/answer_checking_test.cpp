@@ -272,6 +272,7 @@ TEST_F(AnswerChecking, AnsweredWrongAfterBackKeepsTheEarlierTallyOfItsCategory) 
   show(choice({2}));
   robot.choose("radio1", 2);
   next();
+  EXPECT_EQ(run().right_count, 1);
   back();
   robot.choose("radio1", 1);
   next();
@@ -351,6 +352,44 @@ TEST_F(AnswerChecking, ABarTooLowToBeSeenIsHidden) {
     quest().Gauge1.bounds.height = height;
     quest().calculate_score();
     EXPECT_EQ(quest().the_gauge.visible, seen) << height;
+  }
+}
+
+TEST_F(AnswerChecking, ABarTooLowToBeSeenStaysHiddenWithTheNextQuestion) {
+  options().show_running_score = 1;
+  show(choice({1}));
+  EXPECT_TRUE(quest().the_gauge.visible);
+  robot.choose("radio1", 1);
+  next();
+  EXPECT_FALSE(quest().the_gauge.visible);
+  EXPECT_TRUE(quest().Gauge1.visible);
+}
+
+TEST_F(AnswerChecking, ThePercentHasTheDecimalPointOfTheStudentsCountry) {
+  robot.world.platform.decimal_point = ",";
+  run().question_total = 3;
+  for (int i = 1; i <= 3; ++i) row(i).result_state = i == 1 ? 1 : 2;
+  quest().calculate_score();
+  EXPECT_EQ(quest().Percent_Right.caption, "33,3%");
+}
+
+// A page is a text, and what a student types stands in it as it was typed.
+TEST_F(AnswerChecking, ALongOrHostileTypedAnswerIsKeptAndChecked) {
+  options().show_answer_when_wrong = 1;
+  std::string tags;
+  while (tags.size() < 10'000) tags += "\"><script>'<b></body></html>&amp;<!--";
+  for (const std::string& typed : {std::string(10'000, 'x'), tags, std::string("\" onclick=\"x")}) {
+    show(fill_in({"OSPF"}));
+    robot.type_on_page("txt_fill", typed);
+    next();
+    EXPECT_EQ(row(1).typed_answer, typed);
+    EXPECT_EQ(run().answer_given[1], typed);
+    EXPECT_EQ(row(1).result_state, 2);
+    back();
+    EXPECT_EQ(run().question_position, 1);
+    ASSERT_NE(robot.page().input("txt_fill"), nullptr);
+    next();
+    EXPECT_EQ(run().question_position, 2);
   }
 }
 

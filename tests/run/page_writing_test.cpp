@@ -131,6 +131,45 @@ TEST_F(PageWriting, AClickOnNextDuringTheWaitIsServed) {
   EXPECT_EQ(row(1).result_state, 2);
 }
 
+TEST_F(PageWriting, TheNewestPageStaysWhenNextIsPressedBeforeTheFirstOne) {
+  row(2) = fill_in({"OSPF"});
+  robot.program().pages.page_scripts_state = 1;
+  bool clicked = false;
+  robot.world.stage.during_pump = [&] {
+    if (std::exchange(clicked, true)) return;
+    next();
+  };
+  show(choice({1}));
+  EXPECT_EQ(run().question_position, 2);
+  EXPECT_NE(robot.page().input("txt_fill"), nullptr);
+  EXPECT_TRUE(page_has("Type it."));
+}
+
+TEST_F(PageWriting, BackDuringAWaitShowsThePageBefore) {
+  show(choice({1}));
+  bool clicked = false;
+  robot.world.stage.during_pump = [&] {
+    if (std::exchange(clicked, true)) return;
+    back();
+  };
+  show(fill_in({"OSPF"}), 2);
+  EXPECT_EQ(run().question_position, 1);
+  EXPECT_NE(robot.page().input("radio1", 3), nullptr);
+}
+
+TEST_F(PageWriting, GradingDuringAWaitEndsTheTestOnce) {
+  robot.program().pages.page_scripts_state = 1;
+  bool clicked = false;
+  robot.world.stage.during_pump = [&] {
+    if (std::exchange(clicked, true)) return;
+    robot.click("quest", "menu_quittest");
+  };
+  show(choice({1}));
+  EXPECT_TRUE(finalscore().visible);
+  EXPECT_EQ(finalscore().generation, 1);
+  EXPECT_FALSE(quest().loaded);
+}
+
 // ---- Links
 
 Question with_exhibit(Question question) {

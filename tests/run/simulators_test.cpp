@@ -181,6 +181,17 @@ TEST_F(Simulators, AProgramThatCanNotBeStartedLeavesALineInTheLogAndTheRunAsItWa
   }
 }
 
+TEST_F(Simulators, ADeviceSimulatorThatCanNotBeStartedLeavesNoLine) {
+  robot.world.shell.program = nullptr;
+  Question question = exercise("xxsim");
+  question.exhibits[2] = "3550";
+  show(question);
+  robot.world.files.write("error.log", "");
+  launch();
+  EXPECT_EQ(file("error.log"), "");
+  EXPECT_EQ(run().question_position, 1);
+}
+
 TEST_F(Simulators, AStudentLaunchesWorksAndIsRight) {
   robot.world.shell.program = [&](const std::string&) { leave("\\program\\OUT.INI"); };
   show(exercise("xxxdnd"));
@@ -191,9 +202,60 @@ TEST_F(Simulators, AStudentLaunchesWorksAndIsRight) {
 }
 
 TEST_F(Simulators, NextWithoutLaunchingIsWrong) {
-  show(exercise("xxxdnd"));
+  for (const char* marker : {"xxxdnd", "xxxmssim", "xxxmssim2", "xxsim"}) {
+    show(exercise(marker, "hostname=SW1"));
+    next();
+    EXPECT_EQ(row(1).result_state, 2) << marker;
+    EXPECT_TRUE(robot.world.messages.shown.empty());
+  }
+}
+
+TEST_F(Simulators, ASuccessLeftByAnAbandonedQuestionGoesAtTheNextPreparation) {
+  show(exercise("xxxdnd"), 2);
+  leave("OUT.ini");
+  back();
+  EXPECT_TRUE(there("OUT.ini"));
+  show(exercise("xxxdnd"), 3);
+  EXPECT_FALSE(there("OUT.ini"));
   next();
-  EXPECT_EQ(row(1).result_state, 2);
+  EXPECT_EQ(row(3).result_state, 2);
+}
+
+TEST_F(Simulators, AResultThatComesLateMeetsTheNextCheck) {
+  show(exercise("xxxdnd"), 2);
+  next();
+  EXPECT_EQ(row(2).result_state, 2);
+  show(exercise("xxxmssim"), 2);
+  leave("\\program\\Sims\\out.ini");
+  next();
+  EXPECT_EQ(row(2).result_state, 1);
+}
+
+TEST_F(Simulators, AResultThatIsNoResultIsWrongAndTheTestGoesOn) {
+  const std::string huge(2'000'000, '[');
+  std::string bytes = "[Answer]\n";
+  for (int i = 0; i < 4096; ++i) bytes += static_cast<char>(i * 37);
+  const std::pair<const char*, std::string> results[] = {
+      {"empty", ""},
+      {"binary", bytes},
+      {"huge", huge},
+      {"huge in front of the answer", huge + "\n[Answer]\nresult=Success\n"},
+      {"without the section", "result=Success\n"},
+      {"in another section", "[general]\nresult=Success\n"},
+      {"without the key", "[Answer]\nverdict=Success\n"},
+      {"another word", "[Answer]\nresult=Perhaps\n"},
+      {"the word in another case", "[Answer]\nresult=success\n"},
+      {"a word that goes on", "[Answer]\nresult=Success" + std::string(100'000, '!') + "\n"},
+      {"a long key", "[Answer]\n" + std::string(100'000, 'k') + "=Success\n"},
+      {"quoted with a blank behind", "[Answer]\nresult=\"Success \"\n"}};
+  for (const auto& [what, content] : results) {
+    show(exercise("xxxdnd"));
+    leave("OUT.ini", content);
+    next();
+    EXPECT_EQ(row(1).result_state, 2) << what;
+    EXPECT_EQ(run().question_position, 2) << what;
+    EXPECT_FALSE(there("OUT.ini")) << what;
+  }
 }
 
 // ---- Reading

@@ -37,6 +37,15 @@ TEST_F(TestTimer, TheTimeLeftIsToldInTenthsOfAMinute) {
   }
 }
 
+TEST_F(TestTimer, TheTimeLeftHasTheDecimalPointOfTheStudentsCountry) {
+  robot.world.platform.decimal_point = ",";
+  begin(75);
+  tick_after(6);
+  EXPECT_EQ(quest().lbltime.caption, " 74,9 min.");
+  tick_after(60);
+  EXPECT_EQ(quest().lbltime.caption, " 74 min.");
+}
+
 TEST_F(TestTimer, AMinuteIsOverInTheFirstTickAfterSixtyOneSeconds) {
   begin(1);
   tick_after(60);
@@ -93,6 +102,61 @@ TEST_F(TestTimer, TimeThatExpiresWhileAnAnswerIsReadEndsTheTest) {
   EXPECT_FALSE(quest().loaded);
   EXPECT_FALSE(theanswer().loaded);
   EXPECT_EQ(run().question_position, 1);
+}
+
+TEST_F(TestTimer, AnAnswerThatIsStillReadWhenTimeExpiresCounts) {
+  begin(1);
+  options().show_answer_when_right = 1;
+  robot.world.stage.modal_user = [&](Screen&) { tick_after(61); };
+  show(choice({1}));
+  robot.choose("radio1", 1);
+  next();
+  EXPECT_EQ(finalscore().rig.caption, "1");
+  EXPECT_EQ(run().category_right[1], 1);
+  EXPECT_EQ(run().right_count, 1);
+}
+
+// Only one of the waits for a page needs to meet the tick.
+TEST_F(TestTimer, TimeThatExpiresWhileAnAnswerPageIsOnItsWayShowsTheScoreAlone) {
+  options().show_answer_when_wrong = 1;
+  show(choice({1}));
+  begin(1);
+  robot.world.stage.modal_user = [&](Screen& screen) { ADD_FAILURE() << screen.form_name; };
+  robot.world.stage.during_pump = [&] {
+    if (theanswer().loaded) tick_after(61);
+  };
+  next();
+  EXPECT_TRUE(finalscore().visible);
+  EXPECT_FALSE(theanswer().loaded);
+  EXPECT_FALSE(quest().loaded);
+}
+
+TEST_F(TestTimer, TimeThatExpiresWhileAQuestionIsOnItsWayEndsTheTest) {
+  for (const int scripts_state : {1, 123}) {
+    SCOPED_TRACE(scripts_state);
+    robot.program().forms.load(Form::quest);
+    robot.program().pages.page_scripts_state = scripts_state;
+    begin(1);
+    robot.world.stage.during_pump = [&] {
+      if (quest().loaded) tick_after(61);
+    };
+    const int scores = finalscore().generation;
+    show(choice({1}));
+    EXPECT_EQ(finalscore().generation, scores + 1);
+    EXPECT_TRUE(finalscore().visible);
+    EXPECT_FALSE(quest().loaded);
+    robot.world.stage.during_pump = nullptr;
+  }
+}
+
+TEST_F(TestTimer, TimeThatExpiresWhileTheStudentIsAskedWhetherToExitLeavesTheScore) {
+  begin(1);
+  robot.world.messages.answers = {Answer::no};
+  robot.world.messages.while_open = [&] { tick_after(61); };
+  robot.click("quest", "menu_exit");
+  EXPECT_TRUE(finalscore().visible);
+  EXPECT_EQ(finalscore().generation, 1);
+  EXPECT_FALSE(robot.app().has_ended());
 }
 
 TEST_F(TestTimer, AnUntimedRunKeepsThePlainCaption) {

@@ -5,6 +5,7 @@
 // without a folder lies in the working folder.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,6 +27,9 @@ class Files {
   /// The whole content. Raises fault 53 when there is no such file, 70 or 75 when it can not be
   /// read.
   virtual std::string read(std::string_view path) const = 0;
+  /// The first bytes of a file, at most as many as told: for files that others write, whatever
+  /// their size. Raises what read() raises.
+  virtual std::string read_start(std::string_view path, std::size_t bytes) const = 0;
   /// Replaces the file as a whole: a crash or a full disk leaves the old one. Raises 61, 70,
   /// 75, 76.
   virtual void write(std::string_view path, std::string_view content) = 0;
@@ -73,12 +77,21 @@ struct MessageBox {
   Icon icon = Icon::none;
 };
 
+struct InputBox {
+  std::string text;
+  std::string title;
+  /// Stands in the field at first.
+  std::string default_text;
+};
+
 class Messages {
  public:
   virtual ~Messages() = default;
   /// Returns when the student has answered. Closing the box is Cancel, or No, or OK where that is
   /// the only button.
   virtual Answer show(const MessageBox& box) = 0;
+  /// Returns what the student typed; empty when the box was cancelled.
+  virtual std::string ask(const InputBox& box) = 0;
 };
 
 class Clock {
@@ -130,6 +143,8 @@ struct Platform {
   Stage& stage;
   /// The folder of the program, with or without a separator at its end.
   std::string program_folder;
+  /// Stands in front of the decimals of a number that a student reads.
+  std::string decimal_point = ".";
 };
 
 }  // namespace practice

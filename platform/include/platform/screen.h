@@ -91,6 +91,10 @@ struct Screen {
   /// Calls a public method by its name. Raises fault 438 for an unknown one.
   virtual void call_by_name(std::string_view method, std::string_view argument);
 
+  /// One-shot: the desktop raises the window at the next mirroring.
+  void ask_for_front() { wants_front_ = true; }
+  bool take_front_request() { return std::exchange(wants_front_, false); }
+
   /// One-shot: carried out by the desktop after the next mirroring.
   void set_focus(std::string control_name, int index = 0);
   /// The request, which is gone afterwards; an empty name when there is none.
@@ -122,6 +126,7 @@ struct Screen {
   std::vector<ControlEntry> controls_;
   std::pair<std::string, int> focus_;
   std::pair<std::string, int> focus_request_;
+  bool wants_front_ = false;
 };
 
 }  // namespace practice

@@ -67,6 +67,13 @@ struct QuestControls {
   MenuEntry mnu_show_answer;
   MenuEntry mnu_answer_at_top;
   MenuEntry mnu_answer_at_bottom;
+  MenuEntry mnu_emailsettings;
+  MenuEntry mnu_outlookexpress;
+  MenuEntry mnu_webmail;
+  MenuEntry mnu_changeemailadd;
+  MenuEntry menu_help;
+  MenuEntry menu_contents;
+  MenuEntry menu_about;
 };
 
 class Quest : public Screen, public QuestControls {
@@ -132,7 +139,11 @@ class Quest : public Screen, public QuestControls {
   void toggle_embed();
   void put_answer(std::string_view position);
   void show_again();
+  void keep_mail_kind(std::string_view kind);
+  void mail_by_web();
+  void change_mail_address();
   void print_question();
+  void back_to_options();
   void ask_to_exit();
 
   bool fill_in_is_right();
@@ -141,9 +152,14 @@ class Quest : public Screen, public QuestControls {
   bool configuration_is_right();
   void record(bool right);
 
+  /// Twips; a bar that is thinner is hidden.
+  static constexpr double least_bar_height = 20;
+
   Program& program_;
   TestRun& run_;
   bool single_correct_ = true;
+  /// Counts the calls of show_quest(), so that a page that was overtaken is known.
+  int shows_ = 0;
   /// The name of the quiz as the status line tells it, by quiz number.
   Slots<std::string, 6> status_labels_;
   /// Distances kept from the design, twips.

@@ -18,8 +18,8 @@ std::string lab_key(const Program& program);
 /// showing routine's own.
 void prepare_simulator(Program& program, Trap& trap);
 
-/// Starts the simulator of the question on show. What can not be started leaves a line in
-/// error.log.
+/// Starts the simulator of the question on show. One of an exercise that can not be started leaves
+/// a line in error.log; the device simulator leaves none.
 void launch_simulator(Program& program);
 
 /// A key of out.ini in the program's folder; see read_ini_value().

@@ -29,8 +29,10 @@ int integer_in(std::string_view text);
 
 /// " 12" and "-12": one leading blank when not negative.
 std::string text_form(int number);
-/// " 59.9", at most one decimal digit, with a point.
-std::string text_form_tenths(double number);
+/// " 59.9", at most one decimal digit, behind the decimal point given.
+std::string text_form_tenths(double number, std::string_view decimal_point);
+/// "59.9" and "60.0": one decimal digit, half away from zero.
+std::string with_one_decimal(double number, std::string_view decimal_point);
 /// "12"
 std::string trimmed_text_form(int number);
 

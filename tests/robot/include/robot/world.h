@@ -28,6 +28,7 @@ class MemoryFiles : public Files {
 
   bool exists(std::string_view path) const override;
   std::string read(std::string_view path) const override;
+  std::string read_start(std::string_view path, std::size_t bytes) const override;
   void write(std::string_view path, std::string_view content) override;
   void append(std::string_view path, std::string_view content) override;
   void remove(std::string_view path) override;
@@ -54,6 +55,8 @@ class MemorySettings : public Settings {
   using Key = std::tuple<std::string, std::string, std::string>;
   /// Application, section and key to value.
   std::map<Key, std::string> values;
+  /// Saving raises disk full from now on.
+  bool is_full = false;
 
   std::string get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view default_value) const override;
@@ -90,10 +93,14 @@ class ScriptedMessages : public Messages {
   /// Answers to the next boxes that ask something. A box with one button needs none.
   std::deque<Answer> answers;
   std::vector<MessageBox> shown;
+  /// What the student types into the next input boxes; an empty text cancels.
+  std::deque<std::string> typed;
+  std::vector<InputBox> asked;
   /// Runs while a box is open.
   std::function<void()> while_open;
 
   Answer show(const MessageBox& box) override;
+  std::string ask(const InputBox& box) override;
 };
 
 class ScriptedClock : public Clock {
