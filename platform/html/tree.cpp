@@ -67,6 +67,32 @@ std::string cleaned(std::string_view markup) {
   return result;
 }
 
+std::size_t find_any_case(std::string_view text, std::string_view what) {
+  const auto same = [](char a, char b) {
+    return (a >= 'A' && a <= 'Z' ? a + ('a' - 'A') : a) == b;
+  };
+  const auto found = std::ranges::search(text, what, same);
+  return found.empty() ? std::string_view::npos
+                       : static_cast<std::size_t>(found.begin() - text.begin());
+}
+
+// Every page begins with the same scripts, which nobody runs. They are a third of it and would be
+// read letter by letter.
+std::string_view without_leading_scripts(std::string_view markup) {
+  for (;;) {
+    const auto start = std::min(markup.find_first_not_of(blanks), markup.size());
+    const std::string_view tag = markup.substr(start);
+    const bool is_script = find_any_case(tag.substr(0, 7), "<script") == 0 &&
+                           tag.substr(7).find_first_of(" \t\r\n/>") == 0;
+    if (!is_script) return markup;
+    const auto end_tag = find_any_case(tag, "</script");
+    if (end_tag == std::string_view::npos) return markup;
+    const auto end = markup.find('>', start + end_tag);
+    if (end == std::string_view::npos) return markup;
+    markup.remove_prefix(end + 1);
+  }
+}
+
 std::string_view view_of(const xmlChar* text) {
   return text == nullptr ? std::string_view{} : reinterpret_cast<const char*>(text);
 }
@@ -256,7 +282,7 @@ class Run {
 
 std::unique_ptr<Node> tree_of(std::string_view markup) {
   if (markup.size() > most_bytes) throw Fault::out_of_memory();
-  std::string text = cleaned(markup);
+  std::string text = cleaned(without_leading_scripts(markup));
   if (text.find_first_not_of(blanks, byte_order_mark.size()) == std::string::npos) return nullptr;
   Builder builder;
   for (std::size_t place = 0;;) {

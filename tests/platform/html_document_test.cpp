@@ -330,6 +330,18 @@ TEST(HtmlDocumentTest, NeverShowsAScriptThatIsNotClosed) {
   EXPECT_EQ(visible_text(page("seen<style>hidden")), "seen");
 }
 
+TEST(HtmlDocumentTest, ScriptsInFrontOfAPageAreReadOver) {
+  for (const char* scripts :
+       {"<script>a</script>", " <SCRIPT language=x>if (a<b) '<p>'</SCRIPT >\r\n",
+        "<script>a</script><script src='a>b'></script>", "<script/>a</script>"}) {
+    Document document = page(std::string(scripts) + "<html><body>seen<p>too</body></html>");
+    EXPECT_EQ(visible_text(document), "seentoo") << scripts;
+    EXPECT_TRUE(document.written().starts_with(scripts));
+  }
+  EXPECT_EQ(visible_text(page("<script>never closed <p>hidden")), "");
+  EXPECT_EQ(visible_text(page("<scripture>seen</scripture>")), "seen");
+}
+
 TEST(HtmlDocumentTest, PutsExhibitsBehindTheTableIntoTheBody) {
   Document document = page(question_page);
   const Node* link = document.element_by_id("Exhibit1");
