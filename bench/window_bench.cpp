@@ -87,7 +87,9 @@ class NoMessages : public Messages {
 
 struct ProgramUnderTest {
   explicit ProgramUnderTest(const QString& folder)
-      : platform{files, settings, shell, messages, clock, random, desk, desktop::from_qt(folder),
+      : platform{files,    settings, shell,
+                 internet, messages, clock,
+                 random,   desk,     desktop::from_qt(folder),
                  "."},
         application(platform, "46000") {
     desk.show_screens_of(application.program().forms);
@@ -107,6 +109,7 @@ struct ProgramUnderTest {
   desktop::QtFiles files;
   desktop::QtSettings settings;
   desktop::QtShell shell;
+  desktop::QtInternet internet;
   NoMessages messages;
   desktop::QtClock clock;
   desktop::QtRandom random;

@@ -139,6 +139,9 @@ int Desk::pixels_per_inch() const {
   return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX());
 }
 
+// Windows are drawn from twips and points, at their real size on every screen.
+int Desk::form_pixels_per_inch() const { return 96; }
+
 double Desk::text_width(std::string_view text) const {
   return QFontMetricsF(QApplication::font()).horizontalAdvance(to_qt(text)) / pixels_per_twip();
 }

@@ -58,6 +58,7 @@ class Desk : public QObject, public Stage {
   double width() const override;
   double height() const override;
   int pixels_per_inch() const override;
+  int form_pixels_per_inch() const override;
   double text_width(std::string_view text) const override;
   void end_process() override;
 

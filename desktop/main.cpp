@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
   desktop::QtFiles files;
   desktop::QtSettings settings;
   desktop::QtShell shell;
+  desktop::QtInternet internet;
   desktop::QtMessages messages;
   desktop::QtClock clock;
   desktop::QtRandom random;
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
   Platform platform{files,
                     settings,
                     shell,
+                    internet,
                     messages,
                     clock,
                     random,

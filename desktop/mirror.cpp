@@ -36,11 +36,26 @@ void mirror_caption(Widget& widget, const std::string& caption) {
 
 }  // namespace
 
-QWidget* ScreenWindow::make(const ControlEntry&, Label& control, Part& part) {
+QWidget* ScreenWindow::make(const ControlEntry& entry, Label& control, Part& part) {
+  if (entry.click) return make_link(entry, control, part);
   auto* label = new QLabel(centralWidget());
   label->setTextFormat(Qt::PlainText);
   part.mirror = [label, &control] { mirror_caption(*label, control.caption); };
   return label;
+}
+
+// A label that answers to a click: a button that looks like a link.
+QWidget* ScreenWindow::make_link(const ControlEntry& entry, Label& control, Part& part) {
+  auto* link = new QPushButton(centralWidget());
+  link->setFlat(true);
+  link->setCursor(Qt::PointingHandCursor);
+  link->setStyleSheet(QStringLiteral(
+      "QPushButton { border: 1px solid transparent; text-align: left; text-decoration: underline;"
+      " color: palette(link); padding: 0 2px; background: transparent; }"
+      "QPushButton:focus { border: 1px dotted palette(link); }"));
+  connect(link, &QPushButton::clicked, this, [this, &entry] { run(entry.click); });
+  part.mirror = [link, &control] { mirror_caption(*link, control.caption); };
+  return link;
 }
 
 QWidget* ScreenWindow::make(const ControlEntry& entry, Button& control, Part& part) {

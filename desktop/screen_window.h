@@ -79,6 +79,7 @@ class ScreenWindow : public QMainWindow {
   void run(const Handler& handler);
 
   QWidget* make(const ControlEntry& entry, Label& control, Part& part);
+  QWidget* make_link(const ControlEntry& entry, Label& control, Part& part);
   QWidget* make(const ControlEntry& entry, Button& control, Part& part);
   QWidget* make(const ControlEntry& entry, CheckBox& control, Part& part);
   QWidget* make(const ControlEntry& entry, OptionButton& control, Part& part);

@@ -3,6 +3,7 @@
 #include "platform/building.h"
 #include "platform/values/text.h"
 #include "session/helpers.h"
+#include "session/student_files.h"
 
 namespace practice {
 namespace {
@@ -206,7 +207,9 @@ void FinalScore::quit_to_menu() {
   program_.forms.hide(Form::finalscore);
 }
 
-void FinalScore::view_history() { open_document(program_, history_file(), WindowShow::maximised); }
+void FinalScore::view_history() {
+  open_document(program_, history_file(program_), WindowShow::maximised);
+}
 
 void FinalScore::resize() {
   bounds.width = form_width;

@@ -2,6 +2,7 @@
 #include "platform/values/text.h"
 #include "results/finalscore.h"
 #include "session/helpers.h"
+#include "session/student_files.h"
 
 namespace practice {
 namespace {
@@ -31,14 +32,9 @@ std::string history_header(std::string_view student_name, std::string_view exam_
           "COLOR=RED><hr><p>&nbsp;</p></html>");
 }
 
-std::string FinalScore::history_file() const {
-  return "history." + program_.catalogue.exam_settings_key + "." +
-         std::string(trim(program_.options.student_name)) + ".htm";
-}
-
 void FinalScore::save_history() {
   Files& files = program_.platform.files;
-  const std::string name = history_file();
+  const std::string name = history_file(program_);
   std::string old;
   // An old history that can not be read must not be replaced by a new one.
   if (!skip([&] {

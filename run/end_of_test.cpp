@@ -1,6 +1,7 @@
 // Leaving the question screen: the results file and the final score.
 #include "platform/values/text.h"
 #include "run/quest3.h"
+#include "session/student_files.h"
 
 namespace practice {
 
@@ -26,8 +27,7 @@ void Quest::write_results_file() {
     for (int i = 1; i <= MAX_QUESTIONS; ++i) {
       lines.append(run_.last_results[i]).append(",").append(trimmed_text_form(i)).append(crlf);
     }
-    program_.platform.files.write(
-        program_.catalogue.exam_code + "." + program_.options.student_name + ".results", lines);
+    program_.platform.files.write(results_file(program_), lines);
   });
 }
 

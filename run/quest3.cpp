@@ -39,7 +39,7 @@ void Quest::show_quest() {
   trap([&] { ++run_.question_position; });
   trap([&] {
     caption =
-        is_white_label(program_.brand) ? "TestCraft Practice Test for: " : "Practice Test for ";
+        is_white_label(program_.branding) ? "TestCraft Practice Test for: " : "Practice Test for ";
     caption += program_.catalogue.exam_title + " - Question " + text_form(run_.question_position) +
                " of" + text_form(run_.question_total);
   });

@@ -50,6 +50,7 @@ void Quest::design() {
   lbltime = hidden(panel_label("", 5385));
   Line3 = hidden(placed<Shape>({120, 5040, 1080, 15}));
   Line3.rgb = grey;
+  skq_side = hidden(placed<Picture>({120, 5760, 1200, 1800}));
 
   Frame2 = placed<Frame>({1300, button_strip_top, 9400, 840});
   cmd_buttons[0] = captioned<Button>("&Next ->");
@@ -116,6 +117,7 @@ void Quest::list_controls() {
   list("lbltimeleft", lbltimeleft);
   list("lbltime", lbltime);
   list("Line3", Line3);
+  list("skq_side", skq_side);
   list("Frame2", Frame2);
   list("cmd_buttons", cmd_buttons[1], 1).on_click([this] { go_back(); });
   list("cmd_buttons", cmd_buttons[0], 0).on_click([this] { next_question(); });

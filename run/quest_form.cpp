@@ -36,6 +36,10 @@ void Quest::load() {
     for (int i = 1; i <= 5; ++i) status_labels_[i] = program_.catalogue.quiz_button_names[i];
   });
   trap([&] { set_status_line(true); });
+  if (has_partner_pictures(program_.branding)) {
+    trap([&] { skq_side.file = picture_file(program_, program_.install_dir + "skyquizside.jpg"); });
+    skq_side.visible = true;
+  }
   trap([&] { center_form(program_, *this); });
 }
 

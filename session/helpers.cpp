@@ -94,18 +94,21 @@ void play_sound(Program& program, std::string_view alias) {
   program.platform.shell.send_media_command("play " + std::string(alias) + "  ");
 }
 
-std::vector<std::string> read_lines(const Files& files, std::string_view path) {
-  const std::string content = files.read(path);
+std::vector<std::string> split_lines(std::string_view text) {
   std::vector<std::string> lines;
-  for (std::size_t place = 0; place < content.size();) {
-    std::size_t end = content.find('\n', place);
-    if (end == std::string::npos) end = content.size();
-    std::string_view line = std::string_view(content).substr(place, end - place);
+  for (std::size_t place = 0; place < text.size();) {
+    std::size_t end = text.find('\n', place);
+    if (end == std::string_view::npos) end = text.size();
+    std::string_view line = text.substr(place, end - place);
     if (line.ends_with('\r')) line.remove_suffix(1);
     lines.emplace_back(line);
     place = end + 1;
   }
   return lines;
+}
+
+std::vector<std::string> read_lines(const Files& files, std::string_view path) {
+  return split_lines(files.read(path));
 }
 
 std::string picture_file(const Program& program, std::string_view path) {

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "platform/values/text.h"
-
 namespace practice {
 namespace {
 constexpr std::string_view options_application = "marlotest";
@@ -14,8 +12,6 @@ Program::Program(Platform& the_platform, std::string the_command_line)
     : platform(the_platform),
       command_line(std::move(the_command_line)),
       forms(the_platform.stage) {}
-
-bool is_white_label(std::string_view brand) { return upper(brand) == "ETESTCRAFT"; }
 
 bool load_bank(Program& program) {
   return load_bank({.command_line = program.command_line,

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/values/text.h"
+#include "session/student_files.h"
 #include "setup/pick_a_quiz.h"
 
 namespace practice {
@@ -22,6 +23,7 @@ void PickAQuiz::start_the_quiz_from_command1() {
   for (int row = 1; row <= MAX_QUESTIONS; ++row) program_.question_table[row].typed_answer.clear();
   program_.platform.random.seed_from_clock();
   skip([&] { read_switches(); });
+  if (!wants_this_name()) return;
   skip([&] { clean_student_name(); });
   read_last_results();
   skip([&] { choose_bank(); });
@@ -66,19 +68,27 @@ void PickAQuiz::read_switches() {
   program_.options.student_name = upper(txtstudentname.text);
 }
 
+// Asked once, in editions that want a name.
+bool PickAQuiz::wants_this_name() {
+  if (!program_.branding.asks_for_a_name || get_option(program_, "askname", "0") != "0" ||
+      program_.options.student_name != "STUDENT") {
+    return true;
+  }
+  const Answer answer = program_.platform.messages.show(
+      {.text = "Are you sure you do not want to enter a Student Name?",
+       .title = {},
+       .buttons = Buttons::yes_no,
+       .icon = Icon::question});
+  skip([&] { save_option(program_, "askname", "1"); });
+  if (answer != Answer::no) return true;
+  pointer = Pointer::normal;
+  return false;
+}
+
 void PickAQuiz::clean_student_name() {
   std::string& name = program_.options.student_name;
   if (trim(name).empty()) name = "STUDENT";
-  std::string cleaned;
-  for (std::string_view rest = name; !rest.empty();) {
-    const std::string_view letter = first_characters(rest, 1);
-    rest.remove_prefix(letter.size());
-    const char c = letter[0];
-    const bool stays =
-        letter.size() == 1 && (c == ' ' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z'));
-    cleaned += stays ? c : ' ';
-  }
-  name = cleaned;
+  name = cleaned_name(name);
   save_option(program_, "studentname", name);
 }
 

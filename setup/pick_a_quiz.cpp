@@ -17,7 +17,15 @@ constexpr int categories_cleared = 50;
 void PickAQuiz::load() {
   Trap trap{program_, "pick_a_quiz form load()", source};
   const Catalogue& catalogue = program_.catalogue;
-  trap([&] { Marlo_P_A_Q.file = picture_file(program_, catalogue.photo_file); });
+  answer_spin_ = correct_spin_ = {};
+  trap([&] {
+    const bool of_partner = has_partner_pictures(program_.branding);
+    Picture& picture = of_partner ? SKQ_P_A_Q : Marlo_P_A_Q;
+    Marlo_P_A_Q.visible = !of_partner;
+    SKQ_P_A_Q.visible = of_partner;
+    picture.file = picture_file(
+        program_, of_partner ? program_.install_dir + "skyquizpick.jpg" : catalogue.photo_file);
+  });
   program_.options.test_mode_on = false;
   trap([&] { show_quiz_names(); });
   trap([&] { tick_quiz(1); });
@@ -25,6 +33,10 @@ void PickAQuiz::load() {
   trap([&] { load_bank(program_); });
   run_.order_stride = 4;
   run_.bank_size = catalogue.bank_total;
+  mnu_emailtestscorehistory.enabled = false;
+  mnu_update123.visible = false;
+  mnu_update123.enabled = false;
+  menu_about.enabled = false;
   SSTab1.tab_on[2] = catalogue.has_categories;
   trap([&] { clear_run_marks(program_.question_table); });
   trap([&] { program_.platform.random.seed_from_clock(); });

@@ -1,5 +1,6 @@
 // What the options screen looks like before it is used, and which handler answers which control.
 #include "platform/building.h"
+#include "session/helpers.h"
 #include "setup/pick_a_quiz.h"
 
 namespace practice {
@@ -33,20 +34,29 @@ PickAQuiz::PickAQuiz(Program& program)
 void PickAQuiz::design() {
   static_cast<PickAQuizControls&>(*this) = PickAQuizControls{};
   caption = "Practice Exam";
-  bounds = {0, 0, 11250, 8100};
+  bounds = {0, 0, 9900, 6900};
   least_width = 9780;
   least_height = 6795;
 
   menu_file = captioned<MenuEntry>("&File");
   mnu_savesettings = captioned<MenuEntry>("Save Settings");
   menu_exit = captioned<MenuEntry>("E&xit Program");
+  mnu_history = captioned<MenuEntry>("Histor&y");
+  mnu_viewtestscorehistory = captioned<MenuEntry>("View Test Score History");
+  mnu_emailtestscorehistory = captioned<MenuEntry>("Email Test Score History");
+  mnu_resetuserhistory = captioned<MenuEntry>("Reset User History");
   mnu_testingmode = captioned<MenuEntry>("Testing M&ode");
   mnu_learningmode = captioned<MenuEntry>("Practice (default)");
   mnu_simulatormode = captioned<MenuEntry>("Test Mode");
+  mnu_update123 = captioned<MenuEntry>("&Update");
+  mnu_check_for_upgrade123 = captioned<MenuEntry>("Check for Upgrade");
+  menu_help = captioned<MenuEntry>("&Help");
+  menu_contents = captioned<MenuEntry>("&Contents");
+  menu_about = captioned<MenuEntry>("&About");
 
   SSTab1.captions = {"General", " Advanced Options", "Select Categories", "Study Saver"};
-  // The study saver's tab comes with the study saver.
-  SSTab1.tab_on = {true, true, true, false};
+  SSTab1.tab_on = {true, true, true, true};
+  SKQ_P_A_Q.visible = false;
   lblstudentname = captioned<Label>("Enter Your Name:");
   txtstudentname = text_box("STUDENT", "Type your name here to keep a record of your scores");
   fra_quizzes = captioned<Frame>("Select a Quiz");
@@ -63,6 +73,12 @@ void PickAQuiz::design() {
   Command2 = with_tip(captioned<Button>("Test &Mode"), "Simulates the real exam environment.");
   savesettings = with_tip(captioned<Button>("Sa&ve Settings"),
                           "This will remember your settings for next time.");
+  cmd_reset_user_history =
+      with_tip(captioned<Button>("Reset &User History"), "This will clear the students history.");
+  Label1 = hidden(captioned<Label>("Ask"));
+  Label2 = hidden(captioned<Label>("OR"));
+  Label5.visible = false;
+  VScroll2.visible = false;
 
   timeron = box("&Timed Quiz", 0, timed_tip);
   timeamount = text_box("75", timed_tip);
@@ -100,6 +116,23 @@ void PickAQuiz::design() {
   Label4 = captioned<Label>("Note:  Questions will be asked from your selected quiz.");
   cmd_start_cat_quiz =
       captioned<Button>("Start Quiz, Asking Only Questions in Selected Categories");
+  cmdSaveSet = captioned<Button>("Save Settings");
+
+  Label14 = captioned<Label>("Configure Your Study Saver");
+  lbldisplayans = captioned<Label>("3");
+  lbl1 = captioned<Label>("seconds before displaying answers");
+  lbldisplaycorr = captioned<Label>("6");
+  Label13 = captioned<Label>("seconds before displaying correct answer(s)");
+  for (ScrollBar* bar : {&VScroll3, &VScroll4}) {
+    bar->lowest = Integer::lowest;
+    bar->highest = Integer::highest;
+    bar->value = 0;
+  }
+  chkRandom = box("Randomize Questions", 0);
+  cmdok =
+      with_tip(captioned<Button>("Save Configuration"), "Click Here to Save Your Configuration");
+  Label12 = captioned<Label>("Make This Test Your Screensaver");
+  cmdSet = captioned<Button>(" Set as &DEFAULT Screen Saver ");
 }
 
 void PickAQuiz::list_menus() {
@@ -108,6 +141,14 @@ void PickAQuiz::list_menus() {
   list_menu("menu_file", "menu_exit", menu_exit).on_click([this] {
     program_.handover->close_all_forms();
   });
+  list_menu("", "mnu_history", mnu_history);
+  list_menu("mnu_history", "mnu_viewtestscorehistory", mnu_viewtestscorehistory).on_click([this] {
+    view_history();
+  });
+  list_menu("mnu_history", "mnu_emailtestscorehistory", mnu_emailtestscorehistory);
+  list_menu("mnu_history", "mnu_resetuserhistory", mnu_resetuserhistory).on_click([this] {
+    clear_history();
+  });
   list_menu("", "mnu_testingmode", mnu_testingmode);
   list_menu("mnu_testingmode", "mnu_learningmode", mnu_learningmode).on_click([this] {
     practice_preset();
@@ -115,11 +156,23 @@ void PickAQuiz::list_menus() {
   list_menu("mnu_testingmode", "mnu_simulatormode", mnu_simulatormode).on_click([this] {
     test_preset();
   });
+  list_menu("", "mnu_update123", mnu_update123);
+  list_menu("mnu_update123", "mnu_check_for_upgrade123", mnu_check_for_upgrade123).on_click([this] {
+    check_for_upgrade();
+  });
+  list_menu("", "menu_help", menu_help);
+  list_menu("menu_help", "menu_contents", menu_contents).on_click([this] {
+    skip([&] { open_document(program_, "marlo.chm", WindowShow::normal); });
+  });
+  list_menu("menu_help", "menu_about", menu_about).on_click([this] {
+    skip([&] { program_.forms.show(Form::About1); });
+  });
 }
 
 void PickAQuiz::list_controls() {
   list("SSTab1", SSTab1);
   list("Marlo_P_A_Q", Marlo_P_A_Q);
+  list("SKQ_P_A_Q", SKQ_P_A_Q);
   list("lblstudentname", lblstudentname);
   list("txtstudentname", txtstudentname).on_change([this] {
     program_.options.student_name = txtstudentname.text;
@@ -139,6 +192,11 @@ void PickAQuiz::list_controls() {
   list("restore_defaults", restore_defaults).on_click([this] { practice_preset(); });
   list("Command2", Command2).on_click([this] { test_preset(); });
   list("savesettings", savesettings).on_click([this] { save_options(); });
+  list("cmd_reset_user_history", cmd_reset_user_history).on_click([this] { clear_history(); });
+  list("Label1", Label1);
+  list("Label2", Label2);
+  list("Label5", Label5);
+  list("VScroll2", VScroll2);
 
   list("lblshowanswers", lblshowanswers);
   list("answer_when_wrong", answer_when_wrong);
@@ -173,6 +231,19 @@ void PickAQuiz::list_controls() {
   list("lst_cats_not_to_ask", lst_cats_not_to_ask).on_double_click([this] { add_the_cats(); });
   list("Label4", Label4);
   list("cmd_start_cat_quiz", cmd_start_cat_quiz).on_click([this] { start_category_quiz(); });
+  list("cmdSaveSet", cmdSaveSet).on_click([this] { save_options(); });
+
+  list("Label14", Label14);
+  list("lbldisplayans", lbldisplayans);
+  list("VScroll4", VScroll4).on_change([this] { spin(VScroll4, lbldisplayans, answer_spin_); });
+  list("lbl1", lbl1);
+  list("lbldisplaycorr", lbldisplaycorr);
+  list("VScroll3", VScroll3).on_change([this] { spin(VScroll3, lbldisplaycorr, correct_spin_); });
+  list("Label13", Label13);
+  list("chkRandom", chkRandom);
+  list("cmdok", cmdok).on_click([this] { save_saver_settings(); });
+  list("Label12", Label12).on_click([this] { set_as_screen_saver(); });
+  list("cmdSet", cmdSet).on_click([this] { set_as_screen_saver(); });
 }
 
 }  // namespace practice

@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "platform/values/text.h"
+#include "session/student_files.h"
 #include "setup/pick_a_quiz.h"
 
 namespace practice {
@@ -122,8 +123,7 @@ void PickAQuiz::test_preset() {
 void PickAQuiz::read_last_results() {
   for (int i = 1; i <= 300; ++i) run_.last_results[i] = "0";
   stop_at_first_fault([&] {
-    const std::string file =
-        program_.catalogue.exam_code + "." + program_.options.student_name + ".results";
+    const std::string file = results_file(program_);
     const Files& files = program_.platform.files;
     if (!files.exists(file)) return;
     int number = 0;

@@ -10,6 +10,7 @@ namespace practice {
 Application::Application(Platform& platform, std::string command_line)
     : program_(platform, std::move(command_line)),
       welcome_(program_),
+      about_(program_),
       pick_a_quiz_(program_),
       quest_(program_),
       theanswer_(program_),
@@ -19,6 +20,8 @@ Application::Application(Platform& platform, std::string command_line)
   program_.handover = this;
   Forms& forms = program_.forms;
   forms.enlist(Form::Welcome, welcome_);
+  forms.enlist(Form::About1, about_);
+  forms.enlist(Form::loading, loading_);
   forms.enlist(Form::pick_a_quiz, pick_a_quiz_);
   forms.enlist(Form::quest, quest_);
   forms.enlist(Form::theanswer, theanswer_);

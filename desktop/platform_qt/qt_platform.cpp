@@ -4,14 +4,22 @@
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
+#include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
+#include <QMimeDatabase>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QProcess>
 #include <QSettings>
+#include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 #include <chrono>
+#include <memory>
 
 #include "platform/values/fault.h"
 #include "platform/values/text.h"
@@ -24,9 +32,24 @@ constexpr int opened = 42;
 constexpr int file_not_found = 2;
 constexpr int no_program = 31;
 
-QSettings store(std::string_view application) {
-  return {QSettings::IniFormat, QSettings::UserScope, QStringLiteral("practice-exam"),
-          to_qt(application)};
+std::unique_ptr<QSettings> open_store(std::string_view application) {
+  return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                     QStringLiteral("practice-exam"), to_qt(application));
+}
+
+// A file that is no settings file is kept aside, and what can be read of it is used.
+void keep_damaged_file(std::string_view application) {
+  const auto settings = open_store(application);
+  // Sections are read at their first use, and only then found to be none.
+  static_cast<void>(settings->allKeys());
+  const QString file = settings->fileName();
+  const QString aside = file + QStringLiteral(".damaged");
+  if (settings->status() == QSettings::NoError || QFileInfo::exists(aside)) return;
+  if (settings->status() == QSettings::FormatError) {
+    QFile::copy(file, aside);
+  } else {
+    QFile::rename(file, aside);
+  }
 }
 
 QString key_of(std::string_view section, std::string_view key) {
@@ -43,19 +66,40 @@ QString program_at(std::string_view path) {
   return {};
 }
 
+// The desktop's opener reports nothing when it knows no program, so it is asked before.
+bool desktop_can_open(const QString& file) {
+  QProcess asking;
+  asking.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"),
+                                            QMimeDatabase().mimeTypeForFile(file).name()});
+  constexpr int patience = 2000;
+  const bool is_answered = asking.waitForStarted() && asking.waitForFinished(patience);
+  return !is_answered || !asking.readAllStandardOutput().trimmed().isEmpty();
+}
+
+// Help, and plain pages on a desktop that has no program for them.
+bool open_with_our_viewer(const QString& file) {
+  const QString viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/help_viewer");
+  return QFileInfo(viewer).isExecutable() && QProcess::startDetached(viewer, {file});
+}
+
 }  // namespace
+
+std::unique_ptr<QSettings> QtSettings::store(std::string_view application) const {
+  if (checked_.emplace(application).second) keep_damaged_file(application);
+  return open_store(application);
+}
 
 std::string QtSettings::get(std::string_view application, std::string_view section,
                             std::string_view key, std::string_view default_value) const {
-  return from_qt(store(application).value(key_of(section, key), to_qt(default_value)).toString());
+  return from_qt(store(application)->value(key_of(section, key), to_qt(default_value)).toString());
 }
 
 void QtSettings::save(std::string_view application, std::string_view section, std::string_view key,
                       std::string_view value) {
-  QSettings settings = store(application);
-  settings.setValue(key_of(section, key), to_qt(value));
-  settings.sync();
-  if (settings.status() != QSettings::NoError) throw Fault::path_access();
+  const auto settings = store(application);
+  settings->setValue(key_of(section, key), to_qt(value));
+  settings->sync();
+  if (settings->status() == QSettings::AccessError) throw Fault::path_access();
 }
 
 int QtShell::open(std::string_view target, std::string_view folder, WindowShow) {
@@ -70,7 +114,11 @@ int QtShell::open(std::string_view target, std::string_view folder, WindowShow) 
     if (!folder.empty()) path = std::string(folder) + "/" + path;
     const QFileInfo file(system_path(path));
     if (!file.exists()) return file_not_found;
-    address = QUrl::fromLocalFile(file.absoluteFilePath());
+    const QString place = file.absoluteFilePath();
+    if (file.suffix() == QStringLiteral("chm") || !desktop_can_open(place)) {
+      return open_with_our_viewer(place) ? opened : no_program;
+    }
+    address = QUrl::fromLocalFile(place);
   }
   return QDesktopServices::openUrl(address) ? opened : no_program;
 }
@@ -99,6 +147,29 @@ std::string QtShell::class_of(std::string_view extension) const {
   if (extension != ".pdf") return {};
   const QFileInfo viewer(QCoreApplication::applicationDirPath() + QStringLiteral("/book_viewer"));
   return viewer.isExecutable() ? "AcroExch.Document" : std::string();
+}
+
+std::string QtShell::find_on_path(std::string_view name) const {
+  return from_qt(QStandardPaths::findExecutable(to_qt(name)));
+}
+
+std::string QtInternet::get(std::string_view address) {
+  // A version file is one line; an endless answer is cut off.
+  constexpr qint64 most_bytes = 64 * 1024;
+  QNetworkAccessManager manager;
+  QNetworkRequest request(QUrl(to_qt(address)));
+  QByteArray body;
+  QEventLoop waiting;
+  const std::unique_ptr<QNetworkReply> reply(manager.get(request));
+  QObject::connect(reply.get(), &QNetworkReply::readyRead, &waiting, [&] {
+    body += reply->read(most_bytes - body.size());
+    if (body.size() >= most_bytes) waiting.quit();
+  });
+  QObject::connect(reply.get(), &QNetworkReply::finished, &waiting, &QEventLoop::quit);
+  QTimer::singleShot(time_limit, &waiting, &QEventLoop::quit);
+  waiting.exec(QEventLoop::ExcludeUserInputEvents);
+  const bool is_whole = reply->isFinished() && reply->error() == QNetworkReply::NoError;
+  return is_whole ? (body + reply->readAll()).left(most_bytes).toStdString() : std::string();
 }
 
 std::int64_t QtClock::seconds() const { return QDateTime::currentSecsSinceEpoch(); }

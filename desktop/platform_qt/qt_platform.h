@@ -2,11 +2,16 @@
 // desk's.
 #pragma once
 
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <random>
+#include <set>
+#include <string>
 
 #include "platform/platform.h"
 
+class QSettings;
 class QWidget;
 
 namespace practice::desktop {
@@ -21,13 +26,19 @@ class QtFiles : public Files {
   void remove(std::string_view path) override;
 };
 
-/// One INI file per application under the user's configuration folder.
+/// One INI file per application under the user's configuration folder. A damaged one is copied to
+/// its name and ".damaged" at its first use.
 class QtSettings : public Settings {
  public:
   std::string get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view default_value) const override;
   void save(std::string_view application, std::string_view section, std::string_view key,
             std::string_view value) override;
+
+ private:
+  std::unique_ptr<QSettings> store(std::string_view application) const;
+
+  mutable std::set<std::string, std::less<>> checked_;
 };
 
 class QtShell : public Shell {
@@ -36,6 +47,15 @@ class QtShell : public Shell {
   void start(std::string_view command_line) override;
   void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
+  std::string find_on_path(std::string_view name) const override;
+};
+
+/// One transfer at a time. What does not come within the time limit does not come.
+class QtInternet : public Internet {
+ public:
+  std::chrono::milliseconds time_limit{10'000};
+
+  std::string get(std::string_view address) override;
 };
 
 class QtClock : public Clock {

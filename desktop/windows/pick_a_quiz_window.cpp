@@ -8,6 +8,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "text.h"
 #include "windows/windows.h"
 
 namespace practice::desktop {
@@ -24,6 +25,12 @@ QHBoxLayout* row(std::initializer_list<QWidget*> widgets) {
   return line;
 }
 
+void make_heading(QWidget& label) {
+  QFont font = label.font();
+  font.setBold(true);
+  label.setFont(font);
+}
+
 }  // namespace
 
 void PickAQuizWindow::arrange() {
@@ -31,6 +38,7 @@ void PickAQuizWindow::arrange() {
   tabs->addTab(general_page(), QString());
   tabs->addTab(options_page(), QString());
   tabs->addTab(categories_page(), QString());
+  tabs->addTab(saver_page(), QString());
   auto* all = new QVBoxLayout(centralWidget());
   all->addWidget(tabs);
 }
@@ -38,7 +46,10 @@ void PickAQuizWindow::arrange() {
 QWidget* PickAQuizWindow::general_page() {
   auto* page = new QWidget;
   QWidget* photo = widget("Marlo_P_A_Q");
-  photo->setFixedSize(qRound(photo_width * scale() * 15), qRound(photo_height * scale() * 15));
+  QWidget* partner_photo = widget("SKQ_P_A_Q");
+  for (QWidget* picture : {photo, partner_photo}) {
+    picture->setFixedSize(qRound(photo_width * scale() * 15), qRound(photo_height * scale() * 15));
+  }
 
   auto* name_label = static_cast<QLabel*>(widget("lblstudentname"));
   name_label->setBuddy(widget("txtstudentname"));
@@ -59,14 +70,16 @@ QWidget* PickAQuizWindow::general_page() {
     quiz_column->addWidget(note);
   }
   for (int i = 4; i <= 6; ++i) quiz_column->addWidget(widget("which_quiz", i));
-  quiz_column->addLayout(row({widget("Label6"), widget("howmany"), widget("howmanyq")}));
+  quiz_column->addLayout(
+      row({widget("Label6"), widget("howmany"), widget("howmanyq"), widget("Label1"),
+           widget("Label2"), widget("Label5"), widget("VScroll2")}));
 
   auto* start = static_cast<QGroupBox*>(widget("Frame1"));
   auto* start_column = new QVBoxLayout(start);
   widget("Command1")->setMinimumHeight(qRound(widget("Command1")->sizeHint().height() * 1.4));
   start_column->addWidget(widget("Command1"));
-  start_column->addLayout(
-      row({widget("restore_defaults"), widget("Command2"), widget("savesettings")}));
+  start_column->addLayout(row({widget("restore_defaults"), widget("Command2"),
+                               widget("savesettings"), widget("cmd_reset_user_history")}));
 
   auto* column = new QVBoxLayout;
   column->addLayout(row({name_label, widget("txtstudentname")}));
@@ -75,6 +88,7 @@ QWidget* PickAQuizWindow::general_page() {
   column->addStretch();
   auto* both = new QHBoxLayout(page);
   both->addWidget(photo, 0, Qt::AlignTop);
+  both->addWidget(partner_photo, 0, Qt::AlignTop);
   both->addLayout(column, 1);
   return page;
 }
@@ -92,11 +106,8 @@ QWidget* PickAQuizWindow::options_page() {
       row({widget("timeamount"), widget("timeamountlabel"), widget("VScroll1")}));
 
   auto heading = [&](const char* name) {
-    QWidget* label = widget(name);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
-    return label;
+    make_heading(*widget(name));
+    return widget(name);
   };
   auto boxed = [&](std::initializer_list<QWidget*> widgets) {
     auto* box = new QGroupBox;
@@ -119,6 +130,35 @@ QWidget* PickAQuizWindow::options_page() {
   grid->addWidget(boxed({heading("lblradio"), widget("chkRadio")}), 2, 0, 1, 2);
   grid->addWidget(widget("cmd_save_settings"), 3, 1, Qt::AlignRight);
   grid->setRowStretch(4, 1);
+  return page;
+}
+
+QWidget* PickAQuizWindow::saver_page() {
+  auto* page = new QWidget;
+  const auto spin = [&](const char* count, const char* bar, const char* text) {
+    auto* label = static_cast<QLabel*>(widget(count));
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setMinimumWidth(qRound(450 * scale()));
+    widget(bar)->setMaximumHeight(widget("cmdok")->sizeHint().height());
+    widget(bar)->setAccessibleName(to_qt(std::string("Seconds, ") + text));
+    return row({label, widget(bar), widget(text)});
+  };
+  auto* pace = new QGroupBox;
+  auto* pace_column = new QVBoxLayout(pace);
+  make_heading(*widget("Label14"));
+  pace_column->addWidget(widget("Label14"));
+  pace_column->addLayout(spin("lbldisplayans", "VScroll4", "lbl1"));
+  pace_column->addLayout(spin("lbldisplaycorr", "VScroll3", "Label13"));
+  pace_column->addWidget(widget("chkRandom"));
+  pace_column->addLayout(row({widget("cmdok")}));
+  auto* install = new QGroupBox;
+  auto* install_column = new QVBoxLayout(install);
+  install_column->addLayout(row({widget("Label12")}));
+  install_column->addLayout(row({widget("cmdSet")}));
+  auto* column = new QVBoxLayout(page);
+  column->addWidget(pace);
+  column->addWidget(install);
+  column->addStretch();
   return page;
 }
 
@@ -147,6 +187,7 @@ QWidget* PickAQuizWindow::categories_page() {
   grid->addWidget(widget("lst_cats_not_to_ask"), 1, 2);
   grid->addWidget(widget("Label4"), 2, 0, 1, 3);
   grid->addWidget(widget("cmd_start_cat_quiz"), 3, 0, 1, 3, Qt::AlignCenter);
+  grid->addWidget(widget("cmdSaveSet"), 3, 2, Qt::AlignRight);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(2, 1);
   return page;

@@ -45,14 +45,16 @@ void WelcomeWindow::arrange() {
   palette.setColor(QPalette::Window, amber);
   centralWidget()->setPalette(palette);
   centralWidget()->setAutoFillBackground(true);
-  place("Image1");
-  place("Image3");
-  place("Label6");
-  for (int i = 0; i < 3; ++i) place("Image4", i);
-  paint_text(*widget("Label6"), ink);
+  for (const ControlEntry& entry : screen().controls()) place(entry.name, entry.index);
+  for (const char* label : {"Label6", "lblOEMGreeting", "test_name", "lblLabels", "author_name2",
+                            "txtTestDescription", "lRelease", "Label2", "Label3", "Label5"}) {
+    paint_text(*widget(label), ink);
+  }
   enlarge(*widget("Label6"), 1.15, true);
-  for (int i = 0; i < 3; ++i) widget("Image4", i)->raise();
-  widget("Label6")->raise();
+  for (const ControlEntry& entry : screen().controls()) {
+    if (entry.name != "Image1" && entry.name != "Image3") widget(entry.name, entry.index)->raise();
+  }
+  widget("Image4", 0)->setFocus();
   const QSize size(qRound(screen().least_width * scale()), qRound(screen().least_height * scale()));
   setMaximumSize(size);
 }
@@ -61,8 +63,9 @@ void QuestWindow::arrange() {
   QWidget* panel = widget("Frame1");
   QWidget* strip = widget("Frame2");
   for (const char* name : {"WebBrowser1", "Frame1", "Frame2", "whatdoin"}) place(name);
-  for (const char* name : {"Label3", "question_number", "Gauge1", "the_gauge", "Percent_Right",
-                           "Label2", "score", "Label4", "qid", "lbltimeleft", "lbltime", "Line3"}) {
+  for (const char* name :
+       {"Label3", "question_number", "Gauge1", "the_gauge", "Percent_Right", "Label2", "score",
+        "Label4", "qid", "lbltimeleft", "lbltime", "Line3", "skq_side"}) {
     place(name, 0, panel);
   }
   for (const char* name : {"question_number", "Percent_Right", "score", "qid"}) {
@@ -131,6 +134,16 @@ void ExhibitWindow::arrange() {
   }
 }
 
+void NoticeWindow::arrange() {
+  for (const ControlEntry& entry : screen().controls()) {
+    place(entry.name, entry.index);
+    if (auto* label = qobject_cast<QLabel*>(widget(entry.name, entry.index))) {
+      label->setWordWrap(true);
+      label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    }
+  }
+}
+
 std::unique_ptr<ScreenWindow> make_window(Screen& screen, Desk& desk) {
   std::unique_ptr<ScreenWindow> window;
   if (screen.form_name == "Welcome") {
@@ -143,6 +156,8 @@ std::unique_ptr<ScreenWindow> make_window(Screen& screen, Desk& desk) {
     window = std::make_unique<TheAnswerWindow>(screen, desk);
   } else if (screen.form_name == "finalscore") {
     window = std::make_unique<FinalScoreWindow>(screen, desk);
+  } else if (screen.form_name == "About1" || screen.form_name == "loading") {
+    window = std::make_unique<NoticeWindow>(screen, desk);
   } else {
     window = std::make_unique<ExhibitWindow>(screen, desk);
   }

@@ -16,6 +16,7 @@ class PickAQuizWindow : public ScreenWindow {
   QWidget* general_page();
   QWidget* options_page();
   QWidget* categories_page();
+  QWidget* saver_page();
 };
 
 class QuestWindow : public ScreenWindow {
@@ -32,6 +33,12 @@ class FinalScoreWindow : public ScreenWindow {
   using ScreenWindow::ScreenWindow;
   void arrange() override;
   void mirror_more() override;
+};
+
+/// A few lines of text: the about box, and the notice at the start.
+class NoticeWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
 };
 
 /// The exhibit and the diagram beside a test.

@@ -63,9 +63,9 @@ class DesktopTest : public testing::Test {
 
   void start(const std::string& command_line) {
     desk = std::make_unique<Desk>(files);
-    platform = std::make_unique<Platform>(
-        Platform{files, settings, shell, messages, clock, random, *desk, from_qt(folder.path()),
-                 "."});
+    platform =
+        std::make_unique<Platform>(Platform{files, settings, shell, internet, messages, clock,
+                                            random, *desk, from_qt(folder.path()), "."});
     application = std::make_unique<Application>(*platform, command_line);
     desk->show_screens_of(application->program().forms);
     desk->enter([&] { application->start(); });
@@ -108,6 +108,7 @@ class DesktopTest : public testing::Test {
   QtFiles files;
   QtSettings settings;
   QtShell shell;
+  QtInternet internet;
   QtClock clock;
   QtRandom random;
   AnsweredMessages messages;

@@ -84,11 +84,34 @@ TEST_F(ScreenPictures, OfTheWayToATest) {
   start("46000");
   take("Welcome", "welcome");
   click("Welcome", "Image4", 0);
-  constexpr const char* tabs[] = {"options_general", "options_advanced", "options_categories"};
-  for (int tab = 0; tab < 3; ++tab) {
+  constexpr const char* tabs[] = {"options_general", "options_advanced", "options_categories",
+                                  "options_saver"};
+  for (int tab = 0; tab < 4; ++tab) {
     turn_to_tab(tab);
     take("pick_a_quiz", tabs[tab]);
   }
+}
+
+TEST_F(ScreenPictures, OfTheWelcomeScreensOfAllEditions) {
+  const auto again = [&](const char* picture) {
+    TearDown();
+    QDir::setCurrent(folder.path());
+    start("46000");
+    take("Welcome", picture);
+  };
+  QtSettings().save("marlo", "46000", "num_times", "4");
+  again("welcome_feedback");
+  files.write("oem.oem", "ETESTCRAFT\r\nSomebody\r\n");
+  again("welcome_reseller");
+  files.remove("oem.oem");
+  files.write("bw_falco.log", "MRL_kws\r\n");
+  again("welcome_partner_greeting");
+  files.write("bw_falco.log", "MRL_skq\r\n");
+  again("welcome_partner_logo");
+  click("Welcome", "Image4", 0);
+  take("pick_a_quiz", "options_partner");
+  desk->enter([&] { application->program().forms.show(Form::About1); });
+  take("About1", "about");
 }
 
 TEST_F(ScreenPictures, OfEveryKindOfQuestion) {

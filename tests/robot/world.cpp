@@ -92,6 +92,11 @@ std::string RecordedShell::class_of(std::string_view extension) const {
   return extension == ".pdf" ? pdf_class : std::string();
 }
 
+std::string RecordedShell::find_on_path(std::string_view name) const {
+  const auto found = on_path.find(name);
+  return found == on_path.end() ? std::string() : found->second;
+}
+
 Answer ScriptedMessages::show(const MessageBox& box) {
   shown.push_back(box);
   if (while_open) while_open();

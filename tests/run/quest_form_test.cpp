@@ -68,7 +68,8 @@ TEST_F(OpenScreen, AltGivesTheKeyboardToThePageAndOtherKeysDoNot) {
 }
 
 TEST_F(OpenScreen, AResellersTestIsCalledByTheResellersName) {
-  robot.program().brand = "eTestCraft";
+  robot.program().branding.oem_active = 1;
+  robot.program().branding.oem_name = "eTestCraft";
   --robot.run().question_position;
   quest().show_quest();
   EXPECT_TRUE(quest().caption.starts_with("TestCraft Practice Test for: ")) << quest().caption;

@@ -64,6 +64,16 @@ class Shell {
   /// The desktop's class of files with that ending, such as "AcroExch.Document" where our book
   /// viewer opens ".pdf".
   virtual std::string class_of(std::string_view extension) const = 0;
+  /// The full path of a file along the desktop's search path; empty when it is nowhere.
+  virtual std::string find_on_path(std::string_view name) const = 0;
+};
+
+class Internet {
+ public:
+  virtual ~Internet() = default;
+  /// The text at an address; returns when it is there, or empty when it can not be had in a few
+  /// seconds.
+  virtual std::string get(std::string_view address) = 0;
 };
 
 enum class Buttons { ok, ok_cancel, yes_no };
@@ -127,6 +137,9 @@ class Stage {
   virtual double width() const = 0;
   virtual double height() const = 0;
   virtual int pixels_per_inch() const = 0;
+  /// Pixels per inch that a form has to fit itself to: 96 where the desktop draws a form at its
+  /// real size whatever the screen.
+  virtual int form_pixels_per_inch() const = 0;
   /// Width of a text in the screens' own font, twips.
   virtual double text_width(std::string_view text) const = 0;
   /// The process ends after the current event.
@@ -137,6 +150,7 @@ struct Platform {
   Files& files;
   Settings& settings;
   Shell& shell;
+  Internet& internet;
   Messages& messages;
   Clock& clock;
   Random& random;

@@ -54,7 +54,6 @@ class FinalScore : public Screen, public FinalScoreControls {
   void retake();
   void quit_to_menu();
   void view_history();
-  std::string history_file() const;
 
   Program& program_;
   TestRun& run_;

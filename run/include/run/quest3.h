@@ -32,6 +32,8 @@ struct QuestControls {
   Label lbltime;
   Label lbltimeleft;
   Shape Line3;
+  /// A partner's picture at the foot of the panel.
+  Picture skq_side;
   /// Under the view: the buttons.
   Frame Frame2;
   std::array<Button, 4> cmd_buttons;

@@ -32,7 +32,10 @@ void set_list_scroll_extent(Program& program, ListBox& list);
 /// Plays a media address; whether it can be heard is not told.
 void play_sound(Program& program, std::string_view alias);
 
-/// A file's lines without their ends, CR LF or LF. Raises what Files::read raises.
+/// The lines of a text without their ends, CR LF or LF.
+std::vector<std::string> split_lines(std::string_view text);
+
+/// A file's lines without their ends. Raises what Files::read raises.
 std::vector<std::string> read_lines(const Files& files, std::string_view path);
 
 /// The picture file for a Picture control. Raises fault 53 when it is not there.

@@ -8,6 +8,7 @@
 #include "bank/catalogue.h"
 #include "bank/question.h"
 #include "platform/platform.h"
+#include "session/branding.h"
 #include "session/forms.h"
 #include "session/handover.h"
 #include "session/options.h"
@@ -26,12 +27,10 @@ struct Program {
   /// 1 when the process was started in the saver role.
   Integer saver_mode;
 
-  /// The reseller's word; empty in a copy of the maker's own.
-  std::string brand;
-
   QuestionTable question_table;
   Question current_question;
   Catalogue catalogue;
+  Branding branding;
   TestRun test_run;
   Options options;
   PageState pages;
@@ -40,9 +39,6 @@ struct Program {
   /// Set by the application shell before the first screen loads.
   Handover* handover = nullptr;
 };
-
-/// True for the reseller whose name stands in front of the test's.
-bool is_white_label(std::string_view brand);
 
 /// Loads the bank that the command line and the quiz numbers ask for.
 bool load_bank(Program& program);

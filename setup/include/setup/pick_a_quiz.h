@@ -18,12 +18,23 @@ struct PickAQuizControls {
   MenuEntry menu_file;
   MenuEntry mnu_savesettings;
   MenuEntry menu_exit;
+  MenuEntry mnu_history;
+  MenuEntry mnu_viewtestscorehistory;
+  MenuEntry mnu_emailtestscorehistory;
+  MenuEntry mnu_resetuserhistory;
   MenuEntry mnu_testingmode;
   MenuEntry mnu_learningmode;
   MenuEntry mnu_simulatormode;
+  MenuEntry mnu_update123;
+  MenuEntry mnu_check_for_upgrade123;
+  MenuEntry menu_help;
+  MenuEntry menu_contents;
+  MenuEntry menu_about;
 
   Tabs SSTab1;
   Picture Marlo_P_A_Q;
+  /// A partner's picture, in its place.
+  Picture SKQ_P_A_Q;
   Label lblstudentname;
   TextBox txtstudentname;
   /// "Select a Quiz"
@@ -40,6 +51,12 @@ struct PickAQuizControls {
   Button restore_defaults;
   Button Command2;
   Button savesettings;
+  Button cmd_reset_user_history;
+  /// Of an edition that lets a student choose how many questions are asked.
+  Label Label1;
+  Label Label2;
+  Label Label5;
+  ScrollBar VScroll2;
 
   CheckBox timeron;
   TextBox timeamount;
@@ -70,6 +87,27 @@ struct PickAQuizControls {
   Button cmd_remove_all_cat;
   Label Label4;
   Button cmd_start_cat_quiz;
+  Button cmdSaveSet;
+
+  /// "Configure Your Study Saver"
+  Label Label14;
+  Label lbldisplayans;
+  ScrollBar VScroll4;
+  Label lbl1;
+  Label lbldisplaycorr;
+  ScrollBar VScroll3;
+  Label Label13;
+  CheckBox chkRandom;
+  Button cmdok;
+  /// "Make This Test Your Screensaver"
+  Label Label12;
+  Button cmdSet;
+};
+
+/// A scroll bar used as a spin: its moves count a label up and down.
+struct SpinState {
+  Integer last_value;
+  Integer count;
 };
 
 class PickAQuiz : public Screen, public PickAQuizControls {
@@ -116,11 +154,20 @@ class PickAQuiz : public Screen, public PickAQuizControls {
   void practice_preset();
   void test_preset();
 
+  void view_history();
+  void clear_history();
+  void check_for_upgrade();
+
+  static void spin(ScrollBar& bar, Label& label, SpinState& state);
+  void save_saver_settings();
+  void set_as_screen_saver();
+
   // The steps of a composition; see composition.cpp.
   void read_switches();
   void clean_student_name();
   void choose_bank();
   void read_option_fields();
+  bool wants_this_name();
   bool order_the_questions();
   void order_by_category();
   bool order_by_saved_wrong();
@@ -132,6 +179,8 @@ class PickAQuiz : public Screen, public PickAQuizControls {
   TestRun& run_;
   /// Rows of the bank by category; nothing on the screen shows it.
   Slots<Integer, 150> category_size_;
+  SpinState answer_spin_;
+  SpinState correct_spin_;
 };
 
 }  // namespace practice

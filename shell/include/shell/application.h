@@ -13,6 +13,7 @@
 #include "session/handover.h"
 #include "session/program.h"
 #include "setup/pick_a_quiz.h"
+#include "shell/about.h"
 #include "shell/welcome.h"
 
 namespace practice {
@@ -31,6 +32,7 @@ class Application : private Handover {
 
   Program& program() { return program_; }
   Welcome& welcome() { return welcome_; }
+  About1& about() { return about_; }
   PickAQuiz& pick_a_quiz() { return pick_a_quiz_; }
   Quest& quest() { return quest_; }
   TheAnswer& theanswer() { return theanswer_; }
@@ -51,6 +53,8 @@ class Application : private Handover {
 
   Program program_;
   Welcome welcome_;
+  About1 about_;
+  Loading loading_;
   PickAQuiz pick_a_quiz_;
   Quest quest_;
   TheAnswer theanswer_;

@@ -1,7 +1,7 @@
 // Start-up and the welcome screen.
 //
 // The process begins by loading this screen; its load event does all start-up work and ends by
-// showing the screen.
+// showing the screen, or by showing the study saver in its place.
 #pragma once
 
 #include <array>
@@ -17,8 +17,33 @@ struct WelcomeControls {
   /// Start, help, exit.
   std::array<Picture, 3> Image4;
   Label Label6;
-  /// Background of the layout without a cover.
+  /// "EULA"
+  Label lblEULALink;
+  Label lblFeedback;
+  /// Of a partner: a greeting, or a logo.
+  Label lblOEMGreeting;
+  Picture Image2;
+
+  // The layout without a cover, of which this edition shows nothing.
   Picture Image1;
+  Picture Start_Quiz;
+  Picture cmd_start_real;
+  Picture Command1;
+  Picture help_command;
+  Picture About;
+  Picture HMI_Start;
+  Picture hmi_help;
+  Picture hmi_exit;
+  std::array<Picture, 3> oldImage4;
+  Label test_name;
+  Label author_name2;
+  /// "Written by"
+  Label lblLabels;
+  Label txtTestDescription;
+  Label lRelease;
+  Label Label2;
+  Label Label3;
+  Label Label5;
 };
 
 class Welcome : public Screen, public WelcomeControls {
@@ -37,8 +62,17 @@ class Welcome : public Screen, public WelcomeControls {
   void start_quiz_click_sub();
 
  private:
+  void list_controls();
+  void keep_button_gaps();
   void apply_cover_layout();
+  void apply_partner_publisher();
+  void apply_branding();
+  void show_feedback_link();
   void test_file_permissions();
+  void start_saver();
+  void open_help();
+  void open_eula();
+  void give_feedback();
 
   Program& program_;
   bool first_resize_ = false;

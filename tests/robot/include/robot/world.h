@@ -86,6 +86,22 @@ class RecordedShell : public Shell {
   void start(std::string_view command_line) override;
   void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
+  std::string find_on_path(std::string_view name) const override;
+
+  /// Files along the search path, name to full path.
+  std::map<std::string, std::string, std::less<>> on_path;
+};
+
+class ScriptedInternet : public Internet {
+ public:
+  /// What is answered, to any address.
+  std::string body;
+  std::vector<std::string> asked;
+
+  std::string get(std::string_view address) override {
+    asked.emplace_back(address);
+    return body;
+  }
 };
 
 class ScriptedMessages : public Messages {
@@ -140,6 +156,7 @@ class MemoryStage : public Stage {
   std::vector<std::string> printed;
   bool ended = false;
   int dots_per_inch = 96;
+  int form_dots_per_inch = 96;
 
   void pump() override;
   void run_modal(Screen& screen) override;
@@ -147,6 +164,7 @@ class MemoryStage : public Stage {
   double width() const override { return 1920 * 15; }
   double height() const override { return 1080 * 15; }
   int pixels_per_inch() const override { return dots_per_inch; }
+  int form_pixels_per_inch() const override { return form_dots_per_inch; }
   double text_width(std::string_view text) const override;
   void end_process() override { ended = true; }
 
@@ -159,11 +177,12 @@ struct World {
   MemoryFiles files;
   MemorySettings settings;
   RecordedShell shell;
+  ScriptedInternet internet;
   ScriptedMessages messages;
   ScriptedClock clock;
   ScriptedRandom random;
   MemoryStage stage{files, clock};
-  Platform platform{files, settings, shell, messages, clock, random, stage, "\\program"};
+  Platform platform{files, settings, shell, internet, messages, clock, random, stage, "\\program"};
 
   World() = default;
   World(const World&) = delete;

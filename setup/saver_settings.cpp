@@ -1,0 +1,52 @@
+// The study saver's pace, and making the current test the screen's saver.
+#include "platform/values/text.h"
+#include "setup/pick_a_quiz.h"
+
+namespace practice {
+namespace {
+constexpr int cover_layout_mark = 99;
+}
+
+// Up counts down, as on the arrows of a scroll bar; the count stops at 1.
+void PickAQuiz::spin(ScrollBar& bar, Label& label, SpinState& state) {
+  skip([&] { state.count = integer_in(label.caption); });
+  skip([&] {
+    if (bar.value > state.last_value) {
+      --state.count;
+      if (state.count == 0) state.count = 1;
+    }
+    if (bar.value < state.last_value) ++state.count;
+  });
+  label.caption = trimmed_text_form(state.count);
+  skip([&] { state.last_value = bar.value; });
+}
+
+void PickAQuiz::save_saver_settings() {
+  const auto save = [&](std::string_view key, const std::string& value) {
+    skip([&] { program_.platform.settings.save("marlo_study_saver", "settings", key, value); });
+  };
+  const auto number = [](const Label& label) {
+    return trimmed_text_form(static_cast<int>(number_in(label.caption)));
+  };
+  save("aspeed", number(lbldisplayans));
+  save("cspeed", number(lbldisplaycorr));
+  save("RandQuestions", trimmed_text_form(chkRandom.value));
+}
+
+void PickAQuiz::set_as_screen_saver() {
+  const Catalogue& catalogue = program_.catalogue;
+  Platform& platform = program_.platform;
+  std::string target = platform.program_folder;
+  if (!target.ends_with('\\')) target += '\\';
+  if (catalogue.book_layout == cover_layout_mark) target += catalogue.saver_program;
+  const auto save = [&](std::string_view key, const std::string& value) {
+    skip([&] { platform.settings.save("marlo_study_saver", "settings", key, value); });
+  };
+  save("which_test", catalogue.exam_code);
+  save("where_test", target);
+  std::string saver;
+  skip([&] { saver = platform.shell.find_on_path("brightwater_press_study_saver.scr"); });
+  skip([&] { platform.shell.start("rundll32.exe desk.cpl,InstallScreenSaver " + saver); });
+}
+
+}  // namespace practice
