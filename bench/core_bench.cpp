@@ -190,6 +190,30 @@ void answer_view(State& state) {
 }
 BENCHMARK(answer_view);
 
+// A quiz clicked: its bank loaded and its categories listed.
+void quiz_clicked(State& state, const char* exam) {
+  Student student(exam);
+  student.robot.click("Welcome", "Image4", 0);
+  for (auto _ : state) student.robot.click("pick_a_quiz", "which_quiz", full_quiz);
+}
+BENCHMARK_CAPTURE(quiz_clicked, falco, falco);
+BENCHMARK_CAPTURE(quiz_clicked, full_size, full_size_exam);
+
+// The start button pressed until the first question stands: a test of the whole bank, shuffled.
+void test_composed(State& state, const char* exam) {
+  Student student(exam);
+  for (auto _ : state) {
+    student.robot.program().forms.unload(Form::quest);
+    student.robot.program().forms.show(Form::pick_a_quiz);
+    student.robot.click("pick_a_quiz", "which_quiz", full_quiz);
+    state.SetIterationTime(
+        seconds_of([&] { student.robot.click("pick_a_quiz", "cmd_start_cat_quiz"); }));
+  }
+  state.counters["questions"] = int{student.robot.run().question_total};
+}
+BENCHMARK_CAPTURE(test_composed, falco, falco)->UseManualTime();
+BENCHMARK_CAPTURE(test_composed, full_size, full_size_exam)->UseManualTime();
+
 // Next pressed until the following question stands: the answer checked, and shown when wrong.
 void next_pressed(State& state, bool rightly) {
   Student student(falco);
