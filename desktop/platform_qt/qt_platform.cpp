@@ -10,7 +10,6 @@
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
-#include <QMimeDatabase>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QProcess>
@@ -66,20 +65,10 @@ QString program_at(std::string_view path) {
   return {};
 }
 
-// The desktop's opener reports nothing when it knows no program, so it is asked before.
-bool desktop_can_open(const QString& file) {
-  QProcess asking;
-  asking.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"),
-                                            QMimeDatabase().mimeTypeForFile(file).name()});
-  constexpr int patience = 2000;
-  const bool is_answered = asking.waitForStarted() && asking.waitForFinished(patience);
-  return !is_answered || !asking.readAllStandardOutput().trimmed().isEmpty();
-}
-
-// Help, and plain pages on a desktop that has no program for them.
-bool open_with_our_viewer(const QString& file) {
-  const QString viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/help_viewer");
-  return QFileInfo(viewer).isExecutable() && QProcess::startDetached(viewer, {file});
+// Plain pages, which our viewer shows too.
+bool is_plain_page(const QString& suffix) {
+  return suffix == QStringLiteral("txt") || suffix == QStringLiteral("htm") ||
+         suffix == QStringLiteral("html");
 }
 
 }  // namespace
@@ -115,12 +104,26 @@ int QtShell::open(std::string_view target, std::string_view folder, WindowShow) 
     const QFileInfo file(system_path(path));
     if (!file.exists()) return file_not_found;
     const QString place = file.absoluteFilePath();
-    if (file.suffix() == QStringLiteral("chm") || !desktop_can_open(place)) {
-      return open_with_our_viewer(place) ? opened : no_program;
-    }
+    const QString suffix = file.suffix().toLower();
+    if (suffix == QStringLiteral("chm")) return open_with_viewer(place);
+    if (is_plain_page(suffix) && QFileInfo(viewer).isExecutable()) return open_page(place);
     address = QUrl::fromLocalFile(place);
   }
   return QDesktopServices::openUrl(address) ? opened : no_program;
+}
+
+int QtShell::open_with_viewer(const QString& file) {
+  const bool is_there = QFileInfo(viewer).isExecutable();
+  return is_there && QProcess::startDetached(viewer, {file}) ? opened : no_program;
+}
+
+// The desktop's opener tells only when it has tried that there was no program, by its codes 3 and
+// 4.
+int QtShell::open_page(const QString& file) {
+  const QString script =
+      QStringLiteral("xdg-open \"$1\" 2>/dev/null; case $? in 3|4|127) exec \"$2\" \"$1\";; esac");
+  const QStringList arguments{QStringLiteral("-c"), script, QStringLiteral("sh"), file, viewer};
+  return QProcess::startDetached(QStringLiteral("/bin/sh"), arguments) ? opened : no_program;
 }
 
 void QtShell::start(std::string_view command_line) {
@@ -145,8 +148,9 @@ void QtShell::send_media_command(std::string_view command) {
 
 std::string QtShell::class_of(std::string_view extension) const {
   if (extension != ".pdf") return {};
-  const QFileInfo viewer(QCoreApplication::applicationDirPath() + QStringLiteral("/book_viewer"));
-  return viewer.isExecutable() ? "AcroExch.Document" : std::string();
+  const QFileInfo book_viewer(QCoreApplication::applicationDirPath() +
+                              QStringLiteral("/book_viewer"));
+  return book_viewer.isExecutable() ? "AcroExch.Document" : std::string();
 }
 
 std::string QtShell::find_on_path(std::string_view name) const {

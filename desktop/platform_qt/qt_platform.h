@@ -2,6 +2,8 @@
 // desk's.
 #pragma once
 
+#include <QCoreApplication>
+#include <QString>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -43,11 +45,18 @@ class QtSettings : public Settings {
 
 class QtShell : public Shell {
  public:
+  /// Our own viewer, which shows the help file, and plain pages where the desktop has no program.
+  QString viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/help_viewer");
+
   int open(std::string_view target, std::string_view folder, WindowShow show) override;
   void start(std::string_view command_line) override;
   void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
   std::string find_on_path(std::string_view name) const override;
+
+ private:
+  int open_with_viewer(const QString& file);
+  int open_page(const QString& file);
 };
 
 /// One transfer at a time. What does not come within the time limit does not come.

@@ -111,9 +111,11 @@ class HelpViewer : public testing::Test {
 
   void click_link(const Link& link) {
     QTextCursor place(text().document());
-    place.setPosition(link.position + 1);
+    place.setPosition(link.position);
     bar().setValue(bar().value() + text().cursorRect(place).top() - 40);
-    QTest::mouseClick(text().viewport(), Qt::LeftButton, {}, text().cursorRect(place).center());
+    // The cursor stands before the first letter.
+    const QPoint on_the_letter = text().cursorRect(place).center() + QPoint(2, 0);
+    QTest::mouseClick(text().viewport(), Qt::LeftButton, {}, on_the_letter);
   }
 
   QTemporaryDir folder;
@@ -269,6 +271,9 @@ TEST_F(HelpViewer, EscapeClosesTheSearchAndThenTheWindow) {
 TEST_F(HelpViewer, ZoomsTheTextAndKeepsThePlace) {
   show(guide_path);
   const double usual = text().font().pointSizeF();
+  key(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(bar().value(), 0);
+  key(Qt::Key_0, Qt::ControlModifier);
   click_contents(item_of(u"The Time Limit"_s));
   for (int i = 0; i < 4; ++i) key(Qt::Key_Plus, Qt::ControlModifier);
   EXPECT_GT(text().font().pointSizeF(), usual * 1.3);

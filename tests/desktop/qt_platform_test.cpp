@@ -152,6 +152,56 @@ TEST_F(QtPlatformTest, OpeningAFileThatIsNotThereIsNoSuccess) {
   EXPECT_LT(QtShell().open("none.txt", {}, WindowShow::normal), 33);
 }
 
+// The viewer and the desktop's opener as scripts that tell what they were asked to show.
+class OpeningFiles : public QtPlatformTest {
+ protected:
+  void SetUp() override {
+    QtPlatformTest::SetUp();
+    shell.viewer = script("viewer", "printf %s \"$1\" > shown.part; mv shown.part shown");
+    path = qgetenv("PATH");
+    qputenv("PATH", folder.path().toUtf8() + ":" + path);
+    files.write("page.txt", "text");
+    files.write("guide.chm", "text");
+  }
+  void TearDown() override {
+    qputenv("PATH", path);
+    QtPlatformTest::TearDown();
+  }
+
+  QString script(const char* name, const char* body) {
+    const QString file = folder.filePath(QString::fromLatin1(name));
+    files.write(from_qt(file), "#!/bin/sh\n" + std::string(body) + "\n");
+    QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return file;
+  }
+  std::string shown() {
+    for (int i = 0; i < 500 && !files.exists("shown"); ++i) ::usleep(10'000);
+    return files.exists("shown") ? files.read("shown") : std::string();
+  }
+
+  QtShell shell;
+  QByteArray path;
+};
+
+TEST_F(OpeningFiles, TheHelpFileIsShownByOurViewer) {
+  EXPECT_GT(shell.open("GUIDE.chm", {}, WindowShow::normal), 32);
+  EXPECT_EQ(shown(), from_qt(folder.filePath(QStringLiteral("guide.chm"))));
+}
+
+TEST_F(OpeningFiles, APageTheDesktopHasNoProgramForIsShownByOurViewer) {
+  script("xdg-open", "exit 3");
+  EXPECT_GT(shell.open("file:///" + from_qt(folder.filePath(QStringLiteral("page.txt"))), {},
+                       WindowShow::normal),
+            32);
+  EXPECT_EQ(shown(), from_qt(folder.filePath(QStringLiteral("page.txt"))));
+}
+
+TEST_F(OpeningFiles, APageIsLeftToTheDesktopsProgram) {
+  script("xdg-open", "printf 'desktop %s' \"$1\" > shown.part; mv shown.part shown; exit 1");
+  EXPECT_GT(shell.open("page.txt", {}, WindowShow::normal), 32);
+  EXPECT_EQ(shown(), "desktop " + from_qt(folder.filePath(QStringLiteral("page.txt"))));
+}
+
 TEST_F(QtPlatformTest, DrawsStayBelowOne) {
   QtRandom random;
   random.seed_from_clock();
