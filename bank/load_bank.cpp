@@ -23,6 +23,7 @@ void take_exam(const Exam& exam, std::string_view install_dir, Catalogue& catalo
   catalogue.exam_code = exam.code;
   catalogue.exam_settings_key = exam.code;
   catalogue.exam_title = exam.title;
+  catalogue.exam_mail_title = exam.title;
   catalogue.test_description = "Cool";
   catalogue.data_file = exam.data_file;
   catalogue.content_dir = content_folder(install_dir, exam.data_file);

@@ -87,9 +87,8 @@ class NoMessages : public Messages {
 
 struct ProgramUnderTest {
   explicit ProgramUnderTest(const QString& folder)
-      : platform{files,    settings, shell,
-                 internet, messages, clock,
-                 random,   desk,     desktop::from_qt(folder),
+      : platform{files,    settings, shell,  internet, clipboard,
+                 messages, clock,    random, desk,     desktop::from_qt(folder),
                  "."},
         application(platform, "46000") {
     desk.show_screens_of(application.program().forms);
@@ -110,6 +109,7 @@ struct ProgramUnderTest {
   desktop::QtSettings settings;
   desktop::QtShell shell;
   desktop::QtInternet internet;
+  desktop::QtClipboard clipboard;
   NoMessages messages;
   desktop::QtClock clock;
   desktop::QtRandom random;

@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   desktop::QtSettings settings;
   desktop::QtShell shell;
   desktop::QtInternet internet;
+  desktop::QtClipboard clipboard;
   desktop::QtMessages messages;
   desktop::QtClock clock;
   desktop::QtRandom random;
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
                     settings,
                     shell,
                     internet,
+                    clipboard,
                     messages,
                     clock,
                     random,

@@ -2,6 +2,7 @@
 
 #include "platform/building.h"
 #include "platform/values/text.h"
+#include "results/mail.h"
 #include "session/helpers.h"
 #include "session/student_files.h"
 
@@ -35,7 +36,9 @@ FinalScore::FinalScore(Program& program)
   list("per", per);
   list("list_cat", list_cat);
   list("Label4", Label4);
-  list("cmdEmailResults", cmdEmailResults);
+  list("cmdEmailResults", cmdEmailResults).on_click([this] {
+    skip([&] { mail_history_report(program_); });
+  });
   list("Command2", Command2).on_click([this] { skip([&] { view_history(); }); });
   list("cmd_retake", cmd_retake).on_click([this] { skip([&] { retake(); }); });
   list("Command1", Command1).on_click([this] { skip([&] { quit_to_menu(); }); });
@@ -83,7 +86,7 @@ void FinalScore::load() {
   Trap trap{program_, "finalscore form Load()", "finalscore "};
   run_.timed_run = timer_off;
   // No exam of this edition is a partner publisher's, the one that mails results from here.
-  cmdEmailResults.visible = false;
+  cmdEmailResults.visible = program_.branding.partner_edition == partner_publisher;
   trap([&] { begin_testing_log(program_); });
   cmd_retake.visible = true;
   caption = "Practice Test Results for: " + program_.catalogue.exam_title;

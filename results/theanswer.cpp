@@ -4,6 +4,7 @@
 
 #include "platform/building.h"
 #include "platform/values/text.h"
+#include "results/mail.h"
 #include "run/html_event.h"
 #include "run/page_writing.h"
 #include "run/question_page.h"
@@ -32,7 +33,7 @@ std::size_t last_link(std::string_view text) {
 TheAnswer::TheAnswer(Program& program) : Screen("theanswer"), program_(program) {
   list("text1", text1);
   list("Frame1", Frame1);
-  list("Command1", Command1);
+  list("Command1", Command1).on_click([this] { skip([&] { mail_question_report(program_); }); });
   list("webcmd", webcmd).on_click([this] {
     skip([&] { open_document(program_, program_.pages.jump_link, WindowShow::normal); });
   });
@@ -54,8 +55,7 @@ void TheAnswer::design() {
   least_height = 6960;
   text1 = placed<HtmlView>({60, 60, 11280, 7620});
   Frame1 = placed<Frame>({1800, 7740, 7800, 600});
-  // Shown once there is a way to send mail.
-  Command1 = hidden(captioned<Button>("&E-mail feedback to author"));
+  Command1 = captioned<Button>("&E-mail feedback to author");
   webcmd = captioned<Button>("&Jump to WEB Link");
   Command2 = captioned<Button>("&Print");
   cmdtutor = hidden(with_tip(captioned<Button>("Online Tutor"),

@@ -58,12 +58,10 @@ void PickAQuiz::start_the_quiz_from_command1() {
 void PickAQuiz::read_switches() {
   run_.timed_run = timeron.value;
   pointer = Pointer::hourglass;
-  skip([&] {
-    run_.time_limit_minutes = 0;
-    run_.time_limit_minutes = integer_in(timeamount.text);
-  });
+  skip([&] { run_.time_limit_minutes = integer_in(timeamount.text); });
   if (run_.time_limit_minutes < 1) run_.time_limit_minutes = 1;
-  skip([&] { run_.question_total = std::min(integer_in(howmanyq.text), most_questions); });
+  skip([&] { run_.question_total = integer_in(howmanyq.text); });
+  if (run_.question_total > most_questions) run_.question_total = most_questions;
   run_.time_started = program_.platform.clock.seconds();
   program_.options.student_name = upper(txtstudentname.text);
 }

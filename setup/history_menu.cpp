@@ -19,6 +19,13 @@ void PickAQuiz::view_history() {
   });
 }
 
+void PickAQuiz::mail_history() {
+  skip([&] {
+    if (get_option(program_, "mailtype", "web") == "web") program_.options.mail_kind = "web";
+  });
+  skip([&] { program_.handover->mail_history_report(); });
+}
+
 void PickAQuiz::clear_history() {
   Messages& messages = program_.platform.messages;
   const std::string title = "Clear History?";

@@ -145,7 +145,9 @@ void PickAQuiz::list_menus() {
   list_menu("mnu_history", "mnu_viewtestscorehistory", mnu_viewtestscorehistory).on_click([this] {
     view_history();
   });
-  list_menu("mnu_history", "mnu_emailtestscorehistory", mnu_emailtestscorehistory);
+  list_menu("mnu_history", "mnu_emailtestscorehistory", mnu_emailtestscorehistory).on_click([this] {
+    mail_history();
+  });
   list_menu("mnu_history", "mnu_resetuserhistory", mnu_resetuserhistory).on_click([this] {
     clear_history();
   });

@@ -14,6 +14,14 @@ std::string_view download_page(std::string_view exam_code) {
   return addresses::end_user_terms;
 }
 
+// The last line of a text, without its end.
+std::string_view last_line(std::string_view text) {
+  if (text.ends_with('\n')) text.remove_suffix(1);
+  std::string_view line = text.substr(text.rfind('\n') + 1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
 }  // namespace
 
 void PickAQuiz::check_for_upgrade() {
@@ -23,8 +31,7 @@ void PickAQuiz::check_for_upgrade() {
   if (!file.ends_with('\\')) file += '\\';
   file += "Version.txt";
   platform.files.write(file, platform.internet.get(addresses::version_file));
-  const std::vector<std::string> lines = read_lines(platform.files, file);
-  const std::string newest = lines.empty() ? std::string() : replace_all(lines.back(), "\"", "");
+  const std::string newest = replace_all(last_line(platform.files.read(file)), "\"", "");
   pointer = Pointer::normal;
   // Versions are compared letter by letter, so "5.9" is newer than "5.20".
   if (program_.catalogue.exam_version >= newest) {

@@ -50,7 +50,7 @@ void About1::design() {
       captioned<Label>("For support inquiries please visit " + std::string(addresses::publisher),
                        {text_left, 2700, text_width, 285});
   Command3 = captioned<Button>("&E-Mail Support", {text_left, 3600, 1995, 450});
-  hmi_about_exit = hidden(captioned<Button>("E&xit", {3300, 3600, 1500, 450}));
+  hmi_about_exit = captioned<Button>("E&xit", {3300, 3600, 1500, 450});
   Command1 = captioned<Button>("&Close", {5400, 3600, 1500, 450});
   Command1.is_default = true;
 }

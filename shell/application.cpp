@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "results/book.h"
+#include "results/mail.h"
 #include "session/fault_patterns.h"
 
 namespace practice {
@@ -47,6 +48,8 @@ void Application::open_book() {
 }
 
 void Application::save_history() { finalscore_.save_history(); }
+
+void Application::mail_history_report() { practice::mail_history_report(program_); }
 
 void Application::return_to_options() {
   const Catalogue& catalogue = program_.catalogue;

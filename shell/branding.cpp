@@ -1,9 +1,10 @@
 #include "shell/branding.h"
 
 #include <array>
+#include <string>
+#include <string_view>
 
 #include "platform/values/text.h"
-#include "session/helpers.h"
 
 namespace practice {
 namespace {
@@ -12,8 +13,14 @@ constexpr std::array<std::string_view, 2> partner_codes{"kws", "skq"};
 // What stands behind is not looked at, so that no file can hold up the start.
 constexpr std::size_t most_bytes = std::size_t{1} << 24;
 
-std::vector<std::string> lines_of(const Files& files, std::string_view path) {
-  return split_lines(files.read_start(path, most_bytes));
+// Takes the next line off the front of a text, without its end. A list of all lines could be many
+// times as large as the file.
+std::string_view take_line(std::string_view& text) {
+  const auto end = text.find('\n');
+  std::string_view line = text.substr(0, end);
+  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
 }
 
 }  // namespace
@@ -24,10 +31,10 @@ void read_oem_file(Program& program) {
   branding.oem_active = 0;
   const Files& files = program.platform.files;
   if (!files.exists(name)) return;
-  std::vector<std::string> lines = lines_of(files, name);
-  lines.resize(2);
-  branding.oem_name = std::move(lines[0]);
-  branding.oem_owner = std::move(lines[1]);
+  const std::string content = files.read_start(name, most_bytes);
+  std::string_view rest = content;
+  branding.oem_name = take_line(rest);
+  branding.oem_owner = take_line(rest);
   if (upper(trim(branding.oem_owner)) != "MARLO") branding.oem_active = 1;
 }
 
@@ -38,8 +45,9 @@ bool scan_partner_file(Program& program) {
       program.install_dir + replace_all(program.catalogue.data_file, ".dat", ".log");
   const Files& files = program.platform.files;
   if (!files.exists(path)) return false;
-  for (const std::string& line : lines_of(files, path)) {
-    const std::string lower_line = lower(line);
+  const std::string content = files.read_start(path, most_bytes);
+  for (std::string_view rest = content; !rest.empty();) {
+    const std::string lower_line = lower(take_line(rest));
     for (const std::string_view code : partner_codes) {
       if (!contains(lower_line, "_" + std::string(code))) continue;
       branding.partner_found = true;

@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QEvent>
-#include <QFile>
 #include <QFileInfo>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,22 +17,21 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStringDecoder>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QTextTable>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "help_text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace practice::desktop {
 namespace {
 
-constexpr qint64 most_bytes = 4 << 20;
 // In letters of a text; lines of more than 80 are hard to follow.
 constexpr double column = 76;
 constexpr double contents_column = 38;
@@ -43,51 +42,7 @@ constexpr double reading_size = 1.1;
 constexpr double zoom_step = 1.1;
 constexpr double least_zoom = 0.5;
 constexpr double greatest_zoom = 3;
-constexpr int heading_name = Qt::UserRole;
-constexpr auto dialect = QTextDocument::MarkdownFeatures(QTextDocument::MarkdownDialectGitHub) |
-                         QTextDocument::MarkdownNoHTML;
-
-struct Reading {
-  QString markdown;
-  /// Why there is none; empty when there is.
-  QString fault;
-};
-
-Reading read_help(const QString& path) {
-  const QString again = u"\n\nInstalling Practice Exam again puts its help back."_s;
-  const auto fault = [&](const QString& what) { return Reading{{}, what.arg(path) + again}; };
-  if (!QFileInfo::exists(path)) return fault(u"There is no help file %1."_s);
-  QFile file(path);
-  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-    return fault(u"The help file %1 can not be read."_s);
-  }
-  const QByteArray bytes = file.read(most_bytes + 1);
-  QStringDecoder utf8(QStringDecoder::Utf8);
-  QString text = utf8(bytes);
-  if (bytes.size() > most_bytes || bytes.contains('\0') || utf8.hasError()) {
-    return fault(u"The help file %1 is no text."_s);
-  }
-  if (text.trimmed().isEmpty()) return fault(u"The help file %1 is empty."_s);
-  return {text, {}};
-}
-
-QString name_of(const QString& heading) {
-  QString name;
-  for (const QChar c : heading.trimmed().toLower()) {
-    if (c.isLetterOrNumber() || c == u'_' || c == u'-') {
-      name += c;
-    } else if (c.isSpace()) {
-      name += u'-';
-    }
-  }
-  return name;
-}
-
-// The mean letter of English words, which differs from font to font.
-double letter_width(const QFont& font) {
-  const QString words = u"the quick answer to a question is often in one of its own words"_s;
-  return QFontMetricsF(font).horizontalAdvance(words) / static_cast<double>(words.size());
-}
+constexpr int name_role = Qt::UserRole;
 
 bool ask_for_a_printer(QPrinter& printer) {
   QPrintDialog dialog(&printer, QApplication::activeWindow());
@@ -120,7 +75,7 @@ void HelpWindow::make_panes() {
   contents_->setHeaderHidden(true);
   contents_->setIndentation(qRound(letter_width(contents_->font()) * 2.5));
   const auto go_to_item = [this](QTreeWidgetItem* item) {
-    go_to(item->data(0, heading_name).toString());
+    go_to(item->data(0, name_role).toString());
   };
   connect(contents_, &QTreeWidget::itemClicked, this, go_to_item);
   connect(contents_, &QTreeWidget::itemActivated, this, go_to_item);
@@ -129,12 +84,10 @@ void HelpWindow::make_panes() {
   text_->setObjectName(u"text"_s);
   text_->setAccessibleName(u"Help text"_s);
   text_->setOpenLinks(false);
-  text_->setLineWrapMode(QTextEdit::FixedPixelWidth);
   // A bar that comes and goes would change the width that the text is laid out in.
   text_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   own_size_ = QFontInfo(text_->font()).pointSizeF() * reading_size;
   zoom_to(own_size_);
-  text_->document()->setDocumentMargin(letter_width(text_->font()) * text_margin);
   text_->installEventFilter(this);
   text_->viewport()->installEventFilter(this);
   connect(text_, &QTextBrowser::anchorClicked, this, &HelpWindow::follow);
@@ -225,19 +178,29 @@ QAction* HelpWindow::add_tool(QToolBar& bar, const QString& name, const QString&
 }
 
 bool HelpWindow::open(const QString& path) {
-  const Reading help = read_help(path);
+  const HelpText help = read_help(path);
   has_text_ = help.fault.isEmpty();
+  if (help.form != TextForm::markdown) setWindowTitle(QFileInfo(path).fileName());
   close_search();
   headings_.clear();
   contents_->clear();
-  text_->document()->setUndoRedoEnabled(false);
-  if (has_text_) {
-    text_->document()->setMarkdown(help.markdown, dialect);
-    dress_text();
-    fill_contents();
-  } else {
-    text_->setPlainText(help.fault);
+  // Plain texts are tables and the screens of devices, whose columns are to stay.
+  const bool is_plain = has_text_ && help.form == TextForm::plain;
+  if (is_plain) {
+    QFont columns = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    columns.setPointSizeF(own_size_);
+    text_->setFont(columns);
   }
+  text_->setLineWrapMode(is_plain ? QTextEdit::NoWrap : QTextEdit::FixedPixelWidth);
+  // Made whole before it is shown, as the window lays a text out again at each change.
+  auto* document = new QTextDocument(text_);
+  document->setUndoRedoEnabled(false);
+  document->setDefaultFont(text_->font());
+  document->setDocumentMargin(letter_width(text_->font()) * text_margin);
+  fill_document(*document, help);
+  fill_contents(*document);
+  text_->setDocument(document);
+  lay_out_column();
   contents_->setVisible(!headings_.isEmpty());
   for (QAction* tool : text_tools_) tool->setEnabled(has_text_);
   // The first place that Back leads to.
@@ -245,13 +208,13 @@ bool HelpWindow::open(const QString& path) {
   return has_text_;
 }
 
-void HelpWindow::fill_contents() {
+void HelpWindow::fill_contents(const QTextDocument& text) {
   // The headings that the next one may stand under, with their levels.
   std::vector<std::pair<int, QTreeWidgetItem*>> above;
-  for (QTextBlock block = text_->document()->begin(); block.isValid(); block = block.next()) {
+  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
     const int level = block.blockFormat().headingLevel();
     if (level == 0 || block.text().trimmed().isEmpty()) continue;
-    const QString words = name_of(block.text());
+    const QString words = heading_name(block.text());
     QString name = words;
     for (int i = 1; headings_.contains(name); ++i) name = words + u'-' + QString::number(i);
 
@@ -267,7 +230,7 @@ void HelpWindow::fill_contents() {
       above.pop_back();
     }
     auto* item = new QTreeWidgetItem({block.text()});
-    item->setData(0, heading_name, name);
+    item->setData(0, name_role, name);
     item->setToolTip(0, block.text());
     if (above.empty()) {
       contents_->addTopLevelItem(item);
@@ -278,34 +241,6 @@ void HelpWindow::fill_contents() {
     headings_.insert(name, item);
   }
   contents_->expandAll();
-}
-
-// What Markdown leaves to its reader: the lines of tables, and the room between lines.
-void HelpWindow::dress_text() {
-  const double line = QFontMetricsF(text_->font()).lineSpacing();
-  QTextDocument& text = *text_->document();
-  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
-    QTextBlockFormat lines;
-    lines.setLineHeight(120, QTextBlockFormat::ProportionalHeight);
-    const int level = block.blockFormat().headingLevel();
-    if (level > 0 && block != text.begin()) lines.setTopMargin(line * (level > 2 ? 0.8 : 1.3));
-    if (QTextCursor(block).currentTable() != nullptr) lines.setBottomMargin(0);
-    QTextCursor(block).mergeBlockFormat(lines);
-  }
-  for (QTextFrame* frame : text.rootFrame()->childFrames()) {
-    auto* table = qobject_cast<QTextTable*>(frame);
-    if (table == nullptr) continue;
-    QTextTableFormat format = table->format();
-    format.setBorder(1);
-    format.setBorderBrush(palette().mid());
-    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-    format.setBorderCollapse(true);
-    format.setCellSpacing(0);
-    format.setCellPadding(line * 0.25);
-    format.setTopMargin(line * 0.5);
-    format.setBottomMargin(line);
-    table->setFormat(format);
-  }
 }
 
 bool HelpWindow::go_to(const QString& heading) {
@@ -348,18 +283,28 @@ bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void HelpWindow::lay_out_column() {
-  const double wide = QFontMetricsF(text_->font()).averageCharWidth() * column +
-                      2 * text_->document()->documentMargin();
-  text_->setLineWrapColumnOrWidth(std::min(qRound(wide), text_->viewport()->width()));
+  if (text_->lineWrapMode() != QTextEdit::FixedPixelWidth) return;
+  const double wide =
+      letter_width(text_->font()) * column + 2 * text_->document()->documentMargin();
+  const int width = std::min(qRound(wide), text_->viewport()->width());
+  if (width != text_->lineWrapColumnOrWidth()) text_->setLineWrapColumnOrWidth(width);
+}
+
+QTextCursor HelpWindow::first_in_view() const {
+  QTextCursor place(text_->document());
+  while (text_->cursorRect(place).top() < 0 && place.movePosition(QTextCursor::NextBlock)) {
+  }
+  return place;
 }
 
 void HelpWindow::zoom_to(double points) {
-  const QTextCursor first = text_->cursorForPosition({0, 0});
+  const QTextCursor first = first_in_view();
+  const int top = text_->cursorRect(first).top();
   QFont font = text_->font();
   font.setPointSizeF(std::clamp(points, own_size_ * least_zoom, own_size_ * greatest_zoom));
   text_->setFont(font);
   QScrollBar* bar = text_->verticalScrollBar();
-  bar->setValue(bar->value() + text_->cursorRect(first).top());
+  bar->setValue(bar->value() + text_->cursorRect(first).top() - top);
 }
 
 void HelpWindow::open_search() {
@@ -367,7 +312,7 @@ void HelpWindow::open_search() {
   search_bar_->show();
   wanted_->setFocus();
   wanted_->selectAll();
-  search_from_ = text_->cursorForPosition({0, 0}).position();
+  search_from_ = first_in_view().position();
   search();
 }
 
@@ -424,6 +369,11 @@ void HelpWindow::show_match() {
   if (matches_.empty()) return;
   QTextCursor place = matches_[static_cast<std::size_t>(match_)];
   place.setPosition(place.selectionStart());
+  const QRect room = text_->viewport()->rect();
+  if (const QRect line = text_->cursorRect(place); !room.contains(line)) {
+    QScrollBar* bar = text_->verticalScrollBar();
+    bar->setValue(bar->value() + line.top() - room.height() / 3);
+  }
   text_->setTextCursor(place);
 }
 

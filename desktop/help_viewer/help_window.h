@@ -1,7 +1,9 @@
-// The help: a Markdown text in a window, with its headings as a tree beside it.
+// The help: a Markdown text in a window, with its headings as a tree beside it. Pages and plain
+// texts, such as a history and the terms of use, are shown the same way where a desktop has no
+// program for them.
 //
-// Call open() once, then show(). A heading is known by its words in lower case with hyphens, such as
-// "the-score-panel"; a second one of the same words by "the-score-panel-1". A link "#..." of the
+// Call open() once, then show(). A heading is known by its words in lower case with hyphens, such
+// as "the-score-panel"; a second one of the same words by "the-score-panel-1". A link "#..." of the
 // text leads there.
 #pragma once
 
@@ -17,6 +19,7 @@ class QLabel;
 class QLineEdit;
 class QPrinter;
 class QTextBrowser;
+class QTextDocument;
 class QToolBar;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -28,7 +31,7 @@ class HelpWindow : public QMainWindow {
  public:
   HelpWindow();
 
-  /// Shows a file of UTF-8 Markdown. When it can not be shown, the window tells why, and this
+  /// Shows a file; see read_help(). When it can not be shown, the window tells why, and this
   /// returns false.
   bool open(const QString& path);
   /// Scrolls to a heading, as a step of Back and Forward; false when there is none of that name.
@@ -49,13 +52,14 @@ class HelpWindow : public QMainWindow {
   QAction* add_tool(QToolBar& bar, const QString& name, const QString& tip,
                     const QList<QKeySequence>& keys, const std::function<void()>& act);
 
-  void fill_contents();
-  void dress_text();
+  void fill_contents(const QTextDocument& text);
   void follow(const QUrl& link);
   void print();
   void escape();
 
   void lay_out_column();
+  /// The start of the first paragraph that begins in view.
+  QTextCursor first_in_view() const;
   void zoom_to(double points);
 
   void open_search();

@@ -1,4 +1,5 @@
-// help_viewer [FILE]: shows a help file, by default the guide beside the program.
+// help_viewer [FILE]: shows a help file, by default the guide beside the program; also a page or a
+// plain text.
 #include <QApplication>
 #include <QIcon>
 #include <QStringList>

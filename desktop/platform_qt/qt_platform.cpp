@@ -1,5 +1,6 @@
 #include "platform_qt/qt_platform.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDesktopServices>
@@ -7,6 +8,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
@@ -174,6 +176,12 @@ std::string QtInternet::get(std::string_view address) {
   waiting.exec(QEventLoop::ExcludeUserInputEvents);
   const bool is_whole = reply->isFinished() && reply->error() == QNetworkReply::NoError;
   return is_whole ? (body + reply->readAll()).left(most_bytes).toStdString() : std::string();
+}
+
+void QtClipboard::clear() { QGuiApplication::clipboard()->clear(); }
+
+void QtClipboard::set_text(std::string_view text) {
+  QGuiApplication::clipboard()->setText(to_qt(text));
 }
 
 std::int64_t QtClock::seconds() const { return QDateTime::currentSecsSinceEpoch(); }

@@ -67,6 +67,12 @@ class QtInternet : public Internet {
   std::string get(std::string_view address) override;
 };
 
+class QtClipboard : public Clipboard {
+ public:
+  void clear() override;
+  void set_text(std::string_view text) override;
+};
+
 class QtClock : public Clock {
  public:
   std::int64_t seconds() const override;

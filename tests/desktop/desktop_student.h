@@ -64,8 +64,8 @@ class DesktopTest : public testing::Test {
   void start(const std::string& command_line) {
     desk = std::make_unique<Desk>(files);
     platform =
-        std::make_unique<Platform>(Platform{files, settings, shell, internet, messages, clock,
-                                            random, *desk, from_qt(folder.path()), "."});
+        std::make_unique<Platform>(Platform{files, settings, shell, internet, clipboard, messages,
+                                            clock, random, *desk, from_qt(folder.path()), "."});
     application = std::make_unique<Application>(*platform, command_line);
     desk->show_screens_of(application->program().forms);
     desk->enter([&] { application->start(); });
@@ -109,6 +109,7 @@ class DesktopTest : public testing::Test {
   QtSettings settings;
   QtShell shell;
   QtInternet internet;
+  QtClipboard clipboard;
   QtClock clock;
   QtRandom random;
   AnsweredMessages messages;

@@ -54,8 +54,8 @@ class HelpViewer : public testing::Test {
   }
 
   /// A help file of a test's own.
-  QString written(const QByteArray& content) {
-    QFile file(folder.filePath(u"help.md"_s));
+  QString written(const QByteArray& content, const QString& name = u"help.md"_s) {
+    QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
     return file.fileName();
@@ -373,12 +373,37 @@ TEST_F(HelpViewer, TabReachesEveryPartAndEachHasAName) {
   EXPECT_EQ(reached, expected);
 }
 
+TEST_F(HelpViewer, ShowsAPageWithoutItsTags) {
+  show(
+      written("<html><center><h2> History Report for ANNA </h2></center><hr><p><b> FALCO Book "
+              "Quiz Results:</b><br>80%&nbsp;&nbsp;(40/50)</html>",
+              u"history.46000.ANNA.htm"_s));
+  EXPECT_EQ(window.windowTitle(), u"history.46000.ANNA.htm"_s);
+  const QString shown = text().toPlainText();
+  EXPECT_TRUE(shown.contains(u"80%"_s)) << shown.toStdString();
+  EXPECT_FALSE(shown.contains(u'<')) << shown.toStdString();
+  EXPECT_EQ(contents().topLevelItem(0)->text(0).trimmed(), u"History Report for ANNA"_s);
+}
+
+TEST_F(HelpViewer, KeepsTheLinesAndColumnsOfAPlainText) {
+  const QByteArray row =
+      QByteArray("10   users      active    Fa0/1, Fa0/2, ") + QByteArray(90, '*');
+  show(written("# no heading\r\n" + row + "\r\n<cr>\r\n", u"x101.TXT"_s));
+  EXPECT_EQ(text().toPlainText(), u"# no heading\n"_s + QString::fromLatin1(row) + u"\n<cr>\n"_s);
+  EXPECT_FALSE(contents().isVisible());
+  EXPECT_EQ(text().document()->findBlockByNumber(1).layout()->lineCount(), 1);
+  const QFontMetricsF letter(text().document()->defaultFont());
+  EXPECT_EQ(letter.horizontalAdvance(u'i'), letter.horizontalAdvance(u'M'));
+  key(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(text().document()->findBlockByNumber(1).layout()->lineCount(), 1);
+}
+
 TEST_F(HelpViewer, TellsWhatIsWrongWithAFileThatItCanNotShow) {
   const struct {
     QString path;
     QString reason;
   } cases[] = {
-      {folder.filePath(u"missing.chm"_s), u"There is no help file"_s},
+      {folder.filePath(u"missing.chm"_s), u"There is no file"_s},
       {folder.path(), u"can not be read"_s},
       {written(QByteArray("ITSF\x03\0\0\0", 8)), u"is no text"_s},
   };

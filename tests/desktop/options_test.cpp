@@ -227,8 +227,9 @@ TEST_F(WelcomeScreen, IsOperatedByTheKeyboardInItsOrder) {
 
 TEST_F(WelcomeScreen, TheSaverRoleWithoutASaverEndsAtOnce) {
   desk = std::make_unique<Desk>(files);
-  platform = std::make_unique<Platform>(Platform{files, settings, shell, internet, messages, clock,
-                                                 random, *desk, from_qt(folder.path()), "."});
+  platform =
+      std::make_unique<Platform>(Platform{files, settings, shell, internet, clipboard, messages,
+                                          clock, random, *desk, from_qt(folder.path()), "."});
   application = std::make_unique<Application>(*platform, "aaaa46000");
   desk->show_screens_of(application->program().forms);
   desk->enter([&] { application->start(); });

@@ -48,6 +48,7 @@ void MemoryFiles::append(std::string_view path, std::string_view content) {
 }
 
 void MemoryFiles::remove(std::string_view path) {
+  removed.emplace_back(path);
   if (files_.erase(key(path)) == 0) throw Fault::file_not_found();
 }
 

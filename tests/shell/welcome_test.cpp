@@ -1,4 +1,6 @@
 // Start-up, the welcome screen, and the end of the program.
+#include <algorithm>
+
 #include "robot/testing.h"
 
 namespace practice {
@@ -207,6 +209,122 @@ TEST_F(WelcomeTest, AFinishedTestIsCounted) {
     EXPECT_EQ(robot.world.settings.get("marlo", "46000", "num_times", "0"), counted);
     robot.click("finalscore", "Command1");
   }
+}
+
+TEST_F(WelcomeTest, FourLettersStartTheSaverWhichWithoutAScreenEndsTheProgram) {
+  for (const char* line : {"aaaa46000", "aaaa", "aaaaaaaa", "aaaa rubbish"}) {
+    robot::Robot other;
+    bool was_shown = false;
+    other.world.stage.during_pump = [&] { was_shown = was_shown || other.app().welcome().visible; };
+    other.put_distribution();
+    other.start(line);
+    EXPECT_EQ(other.program().saver_mode, 1) << line;
+    EXPECT_TRUE(other.world.stage.ended) << line;
+    EXPECT_FALSE(was_shown) << line;
+    for (const Screen* screen : other.program().forms.all()) {
+      EXPECT_TRUE(screen == nullptr || !screen->visible) << line;
+    }
+  }
+}
+
+TEST_F(WelcomeTest, TheSaverRunsForTheExamBehindTheLetters) {
+  start("aaaa46002");
+  EXPECT_EQ(program().catalogue.exam_code, "46002");
+}
+
+TEST_F(WelcomeTest, CapitalsAreNotTheSavers) {
+  start("AAAA46000");
+  EXPECT_EQ(program().saver_mode, 0);
+  EXPECT_TRUE(welcome().visible);
+  EXPECT_FALSE(robot.world.stage.ended);
+}
+
+TEST_F(WelcomeTest, ANoticeStandsInTheMiddleWhileTheProgramLoads) {
+  int pumps = 0;
+  robot.world.stage.during_pump = [&] {
+    if (++pumps > 1) return;
+    const Screen& notice = robot.screen("loading");
+    EXPECT_TRUE(notice.visible);
+    EXPECT_FALSE(notice.modal);
+    EXPECT_EQ(notice.bounds.left, (1920 * 15 - notice.bounds.width) / 2);
+    EXPECT_EQ(notice.bounds.top, (1080 * 15 - notice.bounds.height) / 2);
+    const auto caption = [&](const char* name) {
+      return std::get<Label*>(robot.control("loading", name).control)->caption;
+    };
+    EXPECT_EQ(caption("Label1"), "Please Wait,");
+    EXPECT_EQ(caption("Label2"), "Loading ......");
+    EXPECT_FALSE(welcome().visible);
+  };
+  start();
+  EXPECT_EQ(pumps, 1) << "it was painted once";
+  EXPECT_FALSE(robot.screen("loading").loaded);
+  EXPECT_FALSE(robot.screen("loading").visible);
+  EXPECT_EQ(program().forms.in_front(), &welcome());
+}
+
+TEST_F(WelcomeTest, TheLicenceIsOpenedFromTheProgramsFolder) {
+  const std::pair<const char*, const char*> cases[] = {{"C:\\exam", "file:///C:\\exam\\EULA.txt"},
+                                                       {"C:\\", "file:///C:\\EULA.txt"}};
+  for (const auto& [folder, address] : cases) {
+    robot::Robot other;
+    other.world.platform.program_folder = folder;
+    other.start("46000");
+    EXPECT_EQ(other.app().welcome().lblEULALink.caption, "EULA");
+    other.click("Welcome", "lblEULALink");
+    ASSERT_EQ(other.world.shell.opened.size(), 1u);
+    EXPECT_EQ(other.world.shell.opened[0].target, address);
+    EXPECT_TRUE(other.app().welcome().visible);
+  }
+}
+
+TEST_F(WelcomeTest, TheCoverLayoutHidesEverythingOfTheOtherLayouts) {
+  start();
+  const std::vector<std::pair<std::string, int>> shown{{"Image3", 0}, {"Image4", 0},
+                                                       {"Image4", 1}, {"Image4", 2},
+                                                       {"Label6", 0}, {"lblEULALink", 0}};
+  for (const ControlEntry& entry : welcome().controls()) {
+    const bool expected =
+        std::ranges::find(shown, std::pair{entry.name, entry.index}) != shown.end();
+    EXPECT_EQ(base_of(entry.control).visible, expected) << entry.name << " " << entry.index;
+  }
+}
+
+TEST_F(WelcomeTest, TheButtonsOfTheOtherLayoutsDoWhatTheirPicturesSay) {
+  for (const char* name : {"Start_Quiz", "cmd_start_real", "HMI_Start"}) {
+    start();
+    robot.control("Welcome", name).click();
+    EXPECT_TRUE(pick_a_quiz().visible) << name;
+    EXPECT_FALSE(welcome().visible) << name;
+  }
+  for (const char* name : {"help_command", "hmi_help"}) {
+    start();
+    robot.world.shell.calls.clear();
+    robot.control("Welcome", name).click();
+    EXPECT_EQ(robot.world.shell.calls, std::vector<std::string>{"open marlo.chm"}) << name;
+  }
+  for (const char* name : {"Command1", "hmi_exit"}) {
+    start();
+    robot.world.stage.ended = false;
+    robot.control("Welcome", name).click();
+    EXPECT_TRUE(robot.world.stage.ended) << name;
+  }
+}
+
+TEST_F(WelcomeTest, TheFocusGoesToTheStartButtonOnlyWhereItIsShown) {
+  start();
+  EXPECT_EQ(welcome().focus().first, "");
+  welcome().cmd_start_real.visible = true;
+  welcome().activate();
+  EXPECT_EQ(welcome().focus().first, "cmd_start_real");
+}
+
+TEST_F(WelcomeTest, TheOptionsComeBackFreshAfterTheyWereClosed) {
+  start();
+  robot.click("Welcome", "Image4", 0);
+  robot.type("pick_a_quiz", "txtstudentname", 0, "anna");
+  pick_a_quiz().close_window();
+  robot.click("Welcome", "Image4", 0);
+  EXPECT_EQ(pick_a_quiz().txtstudentname.text, "STUDENT");
 }
 
 }  // namespace

@@ -22,6 +22,8 @@ struct Catalogue {
   std::string exam_settings_key;
   std::string exam_title;
   std::string exam_version;
+  /// The title in reports by mail, whatever the bank is called.
+  std::string exam_mail_title;
   /// One line naming the loaded bank.
   std::string test_description;
   std::string author_address;

@@ -76,6 +76,13 @@ class Internet {
   virtual std::string get(std::string_view address) = 0;
 };
 
+class Clipboard {
+ public:
+  virtual ~Clipboard() = default;
+  virtual void clear() = 0;
+  virtual void set_text(std::string_view text) = 0;
+};
+
 enum class Buttons { ok, ok_cancel, yes_no };
 enum class Icon { none, stop, question, information };
 enum class Answer { ok, cancel, yes, no };
@@ -151,6 +158,7 @@ struct Platform {
   Settings& settings;
   Shell& shell;
   Internet& internet;
+  Clipboard& clipboard;
   Messages& messages;
   Clock& clock;
   Random& random;

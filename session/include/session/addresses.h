@@ -11,6 +11,9 @@ inline constexpr std::string_view tutor_server = "http://tutor.marlo.example/tes
 inline constexpr std::string_view media_player_download = "http://player.marlo.example/download";
 inline constexpr std::string_view pdf_reader_download = "http://reader.marlo.example/download";
 inline constexpr std::string_view survey_page = "http://www.marlo.example/survey/survey.asp";
+/// Mails a report on a question for a student without a mail program.
+inline constexpr std::string_view mail_script =
+    "http://www.marlo.example/promo/email/marlomail.asp";
 inline constexpr std::string_view support_mail = "support@marlo.example";
 inline constexpr std::string_view publisher = "http://www.brightwater.example";
 /// The version that is offered for download, one line of text.

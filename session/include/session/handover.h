@@ -23,6 +23,8 @@ class Handover {
   virtual void open_book() = 0;
   /// Adds the graded test to the student's history.
   virtual void save_history() = 0;
+  /// Prepares a mail with the student's history report.
+  virtual void mail_history_report() = 0;
   /// For screens that the student leaves: a fresh options screen in place of the welcome screen.
   virtual void return_to_options() = 0;
   /// Unloads all screens and ends the process.

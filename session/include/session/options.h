@@ -27,8 +27,8 @@ struct Options {
   std::string font_name = "Times New Roman";
   /// "top" or "bottom".
   std::string answer_position = "top";
-  /// "outlook" or "web".
-  std::string mail_kind = "outlook";
+  /// "outlook" or "web"; empty before the first test.
+  std::string mail_kind;
 };
 
 }  // namespace practice

@@ -156,6 +156,7 @@ class PickAQuiz : public Screen, public PickAQuizControls {
 
   void view_history();
   void clear_history();
+  void mail_history();
   void check_for_upgrade();
 
   static void spin(ScrollBar& bar, Label& label, SpinState& state);

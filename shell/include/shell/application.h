@@ -48,6 +48,7 @@ class Application : private Handover {
   void open_diagram(int number) override;
   void open_book() override;
   void save_history() override;
+  void mail_history_report() override;
   void return_to_options() override;
   void close_all_forms() override;
 

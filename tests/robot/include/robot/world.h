@@ -25,6 +25,8 @@ struct RobotFailure {
 class MemoryFiles : public Files {
  public:
   std::string working_folder = "\\program";
+  /// What was asked to go, in order and as it was named, whether it was there or not.
+  std::vector<std::string> removed;
 
   bool exists(std::string_view path) const override;
   std::string read(std::string_view path) const override;
@@ -97,11 +99,22 @@ class ScriptedInternet : public Internet {
   /// What is answered, to any address.
   std::string body;
   std::vector<std::string> asked;
+  /// Runs while the text is on its way.
+  std::function<void()> while_asked;
 
   std::string get(std::string_view address) override {
     asked.emplace_back(address);
+    if (while_asked) while_asked();
     return body;
   }
+};
+
+class MemoryClipboard : public Clipboard {
+ public:
+  std::string text;
+
+  void clear() override { text.clear(); }
+  void set_text(std::string_view new_text) override { text = new_text; }
 };
 
 class ScriptedMessages : public Messages {
@@ -178,11 +191,13 @@ struct World {
   MemorySettings settings;
   RecordedShell shell;
   ScriptedInternet internet;
+  MemoryClipboard clipboard;
   ScriptedMessages messages;
   ScriptedClock clock;
   ScriptedRandom random;
   MemoryStage stage{files, clock};
-  Platform platform{files, settings, shell, internet, messages, clock, random, stage, "\\program"};
+  Platform platform{files,    settings, shell,  internet, clipboard,
+                    messages, clock,    random, stage,    "\\program"};
 
   World() = default;
   World(const World&) = delete;
