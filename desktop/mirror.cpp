@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -25,6 +26,26 @@ namespace {
 
 // A caption as a screen reader says it.
 QString spoken(const std::string& caption) { return to_qt(caption).remove(u'&').trimmed(); }
+
+// Where a double click on a line does something, Enter does the same.
+class ChoosingList : public QListWidget {
+ public:
+  ChoosingList(QWidget* parent, bool answers_to_double_clicks)
+      : QListWidget(parent), answers_(answers_to_double_clicks) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!is_enter || !answers_) {
+      QListWidget::keyPressEvent(event);
+    } else if (currentItem() != nullptr) {
+      emit itemDoubleClicked(currentItem());
+    }
+  }
+
+ private:
+  bool answers_;
+};
 
 template <class Widget>
 void mirror_caption(Widget& widget, const std::string& caption) {
@@ -124,7 +145,7 @@ QWidget* ScreenWindow::make(const ControlEntry& entry, TextBox& control, Part& p
 }
 
 QWidget* ScreenWindow::make(const ControlEntry& entry, ListBox& control, Part& part) {
-  auto* list = new QListWidget(centralWidget());
+  auto* list = new ChoosingList(centralWidget(), static_cast<bool>(entry.double_click));
   list->setSelectionMode(control.multi_select ? QAbstractItemView::ExtendedSelection
                                               : QAbstractItemView::SingleSelection);
   list->setUniformItemSizes(true);
@@ -141,8 +162,7 @@ QWidget* ScreenWindow::make(const ControlEntry& entry, ListBox& control, Part& p
       if (entry.click) entry.click();
     });
   });
-  // Also Enter on a line, where the desktop's style has it so.
-  connect(list, &QListWidget::itemActivated, this, [this, &entry] { run(entry.double_click); });
+  connect(list, &QListWidget::itemDoubleClicked, this, [this, &entry] { run(entry.double_click); });
   part.mirror = [list, &control, shown = std::vector<std::string>()]() mutable {
     if (shown != control.items) {
       shown = control.items;
@@ -226,7 +246,7 @@ QWidget* ScreenWindow::make(const ControlEntry&, Tabs& control, Part& part) {
   part.mirror = [tabs, &control] {
     for (int i = 0; i < tabs->count(); ++i) {
       const auto place = static_cast<std::size_t>(i);
-      const QString text = to_qt(control.captions[place]).trimmed();
+      const QString text = to_qt(control.captions[place]);
       if (tabs->tabText(i) != text) tabs->setTabText(i, text);
       if (tabs->isTabVisible(i) != control.tab_on[place]) {
         tabs->setTabVisible(i, control.tab_on[place]);

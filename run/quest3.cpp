@@ -184,6 +184,8 @@ void Quest::set_wow_question_html(std::string_view html) {
 }
 
 void Quest::next_question() {
+  // The test is still being composed.
+  if (shows_ == 0) return;
   run_.next_pressed = true;
   set_focus("WebBrowser1");
   skip([&] { read_page_inputs(); });

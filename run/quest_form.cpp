@@ -15,6 +15,7 @@ constexpr int menu_sizes[] = {8, 10, 12, 14, 18, 20};
 
 void Quest::load() {
   Trap trap{program_, "quest form Load()", source};
+  shows_ = 0;
   Command1.visible = false;
   program_.pages.page_scripts_state = 1;
   note_completion(program_, WebBrowser1.view);

@@ -15,6 +15,17 @@ constexpr int quizzes_with_a_bank = 3;
 }  // namespace
 
 void PickAQuiz::start_the_quiz_from_command1() {
+  // The question screen is drawn on the way, which lets a second press come in.
+  if (is_composing_) return;
+  struct Composing {
+    explicit Composing(bool& now) : on(now) { on = true; }
+    ~Composing() { on = false; }
+    bool& on;
+  } composing(is_composing_);
+  compose();
+}
+
+void PickAQuiz::compose() {
   skip([&] { keep_robin_in_book_order(); });
   for (int i = 1; i <= 100; ++i) {
     run_.category_right[i] = 0;

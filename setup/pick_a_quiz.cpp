@@ -127,7 +127,7 @@ void PickAQuiz::fill_category_lists() {
   const Catalogue& catalogue = program_.catalogue;
   skip([&] {
     for (int row = 1; row <= catalogue.bank_total; ++row) {
-      ++category_size_[category_of(program_.question_table[row])];
+      ++category_size_[program_.question_table[row].category];
     }
   });
   for (int i = 1; i <= catalogue.category_count; ++i) {

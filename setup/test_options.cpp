@@ -83,6 +83,11 @@ void PickAQuiz::click_timer() {
   VScroll1.visible = false;
 }
 
+void PickAQuiz::set_timed(bool timed) {
+  timeron.value = timed ? 1 : 0;
+  click_timer();
+}
+
 void PickAQuiz::scroll_timer() {
   timeamount.text = trimmed_text_form(std::abs(200 - VScroll1.value));
 }
@@ -91,8 +96,7 @@ void PickAQuiz::apply_radio() { program_.options.radio_for_single = chkRadio.val
 
 void PickAQuiz::practice_preset() {
   timeamount.text = "75";
-  timeron.value = 0;
-  click_timer();
+  set_timed(false);
   answer_when_wrong.value = 1;
   answer_when_right.value = 0;
   random_questions.value = 1;
@@ -106,8 +110,7 @@ void PickAQuiz::practice_preset() {
 
 void PickAQuiz::test_preset() {
   timeamount.text = "75";
-  timeron.value = 1;
-  click_timer();
+  set_timed(true);
   answer_when_wrong.value = 0;
   answer_when_right.value = 0;
   random_questions.value = 1;

@@ -27,9 +27,11 @@ std::string_view last_line(std::string_view text) {
 void PickAQuiz::check_for_upgrade() {
   Platform& platform = program_.platform;
   pointer = Pointer::hourglass;
+  platform.stage.pump();
   std::string file = platform.program_folder;
   if (!file.ends_with('\\')) file += '\\';
   file += "Version.txt";
+  platform.files.write(file, {});
   platform.files.write(file, platform.internet.get(addresses::version_file));
   const std::string newest = replace_all(last_line(platform.files.read(file)), "\"", "");
   pointer = Pointer::normal;

@@ -36,16 +36,16 @@ void About1::design() {
   Image1 = placed<Picture>({text_left, 180, 1500, 900});
   Label1 = captioned<Label>("Practice Exam. Copyright Marlo Software. All rights reserved.",
                             {text_left, 240, text_width, 285});
-  Label2 = captioned<Label>("The exam engine and its content are the property of Marlo Software.",
+  Label2 = captioned<Label>("Exam engine and its content: Copyright Marlo Software.",
                             {text_left, 570, text_width, 285});
-  Frame1 = placed<Frame>({text_left, 900, text_width, 510});
+  Frame1 = captioned<Frame>("The book", {text_left - 120, 900, text_width + 240, 720});
   Label3 =
       captioned<Label>("Questions from the book: Copyright Brightwater Press. All rights reserved.",
-                       {text_left, 960, text_width, 450});
+                       {text_left, 1200, text_width, 390});
   Label4 = captioned<Label>(
       "Warning:  Use constitutes consent to the End User License Agreement (EULA).  No warranty is "
       "expressed or implied.  Use at your own risk.",
-      {text_left, 1560, text_width, 900});
+      {text_left, 1800, text_width, 720});
   Label5 =
       captioned<Label>("For support inquiries please visit " + std::string(addresses::publisher),
                        {text_left, 2700, text_width, 285});

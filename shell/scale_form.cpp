@@ -18,7 +18,8 @@ void scale_form_for_dpi(const Program& program, Screen& screen) {
   const double ratio = program.platform.stage.form_pixels_per_inch() / ordinary_pixels_per_inch;
   if (ratio == 1) return;
   for (const ControlEntry& entry : screen.controls()) divide(base_of(entry.control).bounds, ratio);
-  divide(screen.bounds, ratio);
+  screen.bounds.width /= ratio;
+  screen.bounds.height /= ratio;
 }
 
 }  // namespace practice

@@ -46,15 +46,16 @@ void Welcome::load() {
   trap([&] { read_oem_file(program_); });
   forms.hide(Form::Welcome);
   pointer = Pointer::hourglass;
+  if (Screen* loading = forms.find(Form::loading)) loading->pointer = Pointer::hourglass;
   trap([&] { number_the_rows(program_.question_table); });
   forms.unload(Form::loading);
   const Catalogue& catalogue = program_.catalogue;
   if (catalogue.book_edition == book_edition_mark) {
     trap([&] { load_bank(program_); });
-    trap([&] { apply_cover_layout(); });
     trap([&] {
       Image3.file = picture_file(program_, program_.install_dir + catalogue.cover_picture);
     });
+    trap([&] { apply_cover_layout(); });
   }
   trap([&] { scan_partner_file(program_); });
   apply_branding();
@@ -138,10 +139,11 @@ void Welcome::show_feedback_link() {
 
 // A student whose folder can not be written to would lose every result.
 void Welcome::test_file_permissions() {
+  Trap trap{program_, "Welcome form load()", source};
   constexpr std::string_view probe = "file.wrt";
   Files& files = program_.platform.files;
   if (files.exists(probe)) return;
-  skip([&] { files.write(probe, "TEST\r\n"); });
+  trap([&] { files.write(probe, "TEST\r\n"); });
   if (files.exists(probe)) return;
   program_.platform.messages.show(
       {.text = "You do not appear to have file system permissions.  Please log off and log on as "
@@ -236,6 +238,9 @@ void Welcome::unload() {
   pointer = Pointer::normal;
 }
 
-void Welcome::close_window() { program_.handover->close_all_forms(); }
+void Welcome::close_window() {
+  skip([&] { program_.forms.unload(Form::Welcome); });
+  program_.handover->close_all_forms();
+}
 
 }  // namespace practice

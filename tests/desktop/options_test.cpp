@@ -113,6 +113,16 @@ TEST_F(OptionsScreen, CategoriesMoveByDoubleClickAndByButtons) {
   EXPECT_EQ(list("lst_cats_to_ask")->count(), all);
 }
 
+TEST_F(OptionsScreen, EnterMovesTheCategoryAndStartsNoTest) {
+  turn_to_tab(2);
+  const QString first = list("lst_cats_to_ask")->item(0)->text();
+  click_entry("lst_cats_to_ask", 0);
+  QTest::keyClick(list("lst_cats_to_ask"), Qt::Key_Return);
+  EXPECT_EQ(entries("lst_cats_not_to_ask"), QStringList{first});
+  EXPECT_TRUE(window("pick_a_quiz")->isVisible());
+  EXPECT_FALSE(quest().loaded);
+}
+
 TEST_F(OptionsScreen, ACategoryTestAsksItsCategoriesOnly) {
   turn_to_tab(2);
   click("pick_a_quiz", "cmd_remove_all_cat");

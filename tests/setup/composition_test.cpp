@@ -1,5 +1,6 @@
 // From the options screen into a test: which questions, in which order, with which switches.
 #include <algorithm>
+#include <utility>
 
 #include "platform/values/text.h"
 #include "robot/testing.h"
@@ -466,6 +467,20 @@ TEST_F(CompositionTest, AFinishedTestIsRetakenFromItsScore) {
   EXPECT_EQ(order_of_test(), (std::vector<int>{2, 5}));
   EXPECT_TRUE(quest().visible);
   EXPECT_FALSE(finalscore().loaded);
+}
+
+TEST_F(CompositionTest, PressesWhileATestIsComposedAreDropped) {
+  bool pressed = false;
+  robot.world.stage.during_pump = [&] {
+    if (std::exchange(pressed, true)) return;
+    start_quiz();
+    robot.click("quest", "cmd_buttons", 0);
+  };
+  start_quiz();
+  EXPECT_TRUE(pressed);
+  EXPECT_EQ(robot.app().quest().generation, 1);
+  EXPECT_EQ(robot.run().question_position, 1);
+  EXPECT_EQ(row(1).result_state, result::not_answered_yet);
 }
 
 TEST_F(CompositionTest, RobinsAnswersStayInBookOrder) {

@@ -160,7 +160,7 @@ class Quest : public Screen, public QuestControls {
   Program& program_;
   TestRun& run_;
   bool single_correct_ = true;
-  /// Counts the calls of show_quest(), so that a page that was overtaken is known.
+  /// Counts the calls of show_quest() since the load, so that a page that was overtaken is known.
   int shows_ = 0;
   /// The name of the quiz as the status line tells it, by quiz number.
   Slots<std::string, 6> status_labels_;

@@ -148,6 +148,7 @@ class PickAQuiz : public Screen, public PickAQuizControls {
   void restore_options();
   void save_options();
   void click_timer();
+  void set_timed(bool timed);
   void scroll_timer();
   void apply_radio();
   void keep_robin_in_book_order();
@@ -164,6 +165,7 @@ class PickAQuiz : public Screen, public PickAQuizControls {
   void set_as_screen_saver();
 
   // The steps of a composition; see composition.cpp.
+  void compose();
   void read_switches();
   void clean_student_name();
   void choose_bank();
@@ -180,6 +182,7 @@ class PickAQuiz : public Screen, public PickAQuizControls {
   TestRun& run_;
   /// Rows of the bank by category; nothing on the screen shows it.
   Slots<Integer, 150> category_size_;
+  bool is_composing_ = false;
   SpinState answer_spin_;
   SpinState correct_spin_;
 };
