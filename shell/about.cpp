@@ -34,14 +34,13 @@ void About1::design() {
   least_width = bounds.width;
   least_height = bounds.height;
   Image1 = placed<Picture>({text_left, 180, 1500, 900});
-  Label1 = captioned<Label>("Practice Exam. Copyright Marlo Software. All rights reserved.",
+  Label1 = captioned<Label>("Practice Exam. Copyright Marlo Software.",
                             {text_left, 240, text_width, 285});
   Label2 = captioned<Label>("Exam engine and its content: Copyright Marlo Software.",
                             {text_left, 570, text_width, 285});
-  Frame1 = captioned<Frame>("The book", {text_left - 120, 900, text_width + 240, 720});
-  Label3 =
-      captioned<Label>("Questions from the book: Copyright Brightwater Press. All rights reserved.",
-                       {text_left, 1200, text_width, 390});
+  Frame1 = captioned<Frame>("The book", {text_left - 120, 900, text_width + 240, 700});
+  Label3 = captioned<Label>("Questions of the book: Copyright Brightwater Press.",
+                            {text_left, 1200, text_width, 300});
   Label4 = captioned<Label>(
       "Warning:  Use constitutes consent to the End User License Agreement (EULA).  No warranty is "
       "expressed or implied.  Use at your own risk.",

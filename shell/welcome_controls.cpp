@@ -56,7 +56,7 @@ void Welcome::design() {
   lRelease = placed<Label>({margin, 2880, 2400, 285});
   Label2 = captioned<Label>("Copyright Marlo Software", {margin, 3240, 5400, 285});
   Label3 = captioned<Label>("Marlo Software", {margin, 3540, 5400, 285});
-  Label5 = captioned<Label>("All rights reserved.", {margin, 3840, 5400, 285});
+  Label5 = captioned<Label>("Free to use, see the license.", {margin, 3840, 5400, 285});
 }
 
 void Welcome::list_controls() {

@@ -78,8 +78,12 @@ QWidget* PickAQuizWindow::general_page() {
   auto* start_column = new QVBoxLayout(start);
   widget("Command1")->setMinimumHeight(qRound(widget("Command1")->sizeHint().height() * 1.4));
   start_column->addWidget(widget("Command1"));
-  start_column->addLayout(row({widget("restore_defaults"), widget("Command2"),
-                               widget("savesettings"), widget("cmd_reset_user_history")}));
+  auto* buttons = new QGridLayout;
+  buttons->addWidget(widget("restore_defaults"), 0, 0);
+  buttons->addWidget(widget("Command2"), 0, 1);
+  buttons->addWidget(widget("savesettings"), 1, 0);
+  buttons->addWidget(widget("cmd_reset_user_history"), 1, 1);
+  start_column->addLayout(buttons);
 
   auto* column = new QVBoxLayout;
   column->addLayout(row({name_label, widget("txtstudentname")}));
