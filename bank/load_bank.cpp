@@ -17,6 +17,9 @@ std::string content_folder(std::string_view install_dir, std::string_view data_f
 void set_book(Catalogue& catalogue, std::string_view install_dir, std::string_view name) {
   catalogue.book_file_name = name;
   catalogue.book_file = std::string(install_dir).append(name);
+  for (int quiz = 1; quiz <= catalogue.book_files.last; ++quiz) {
+    catalogue.book_files[quiz] = catalogue.book_file;
+  }
 }
 
 void take_exam(const Exam& exam, std::string_view install_dir, Catalogue& catalogue) {

@@ -10,6 +10,7 @@
 #include "full_size_bank.h"
 #include "robot/robot.h"
 #include "run/question_page.h"
+#include "session/student_files.h"
 
 namespace practice::bench {
 namespace {
@@ -60,6 +61,17 @@ class Student {
     }
     if (shown == kind::fill_in) robot.type_on_page("txt_fill", question.answers[1]);
   }
+
+  // Every other question right, the rest wrong, without the time that answering takes.
+  void mark_all() {
+    TestRun& run = robot.run();
+    run.right_count = (run.question_total + 1) / 2;
+    for (int position = 1; position <= run.question_total; ++position) {
+      robot.program().question_table[row_of_position(run, position)].result_state =
+          position % 2 == 1 ? result::right : result::wrong;
+    }
+  }
+  void grade() { robot.click("quest", "menu_quittest"); }
 
   void press_next() { robot.click("quest", "cmd_buttons", 0); }
   bool is_graded() { return robot.app().finalscore().visible; }
@@ -229,6 +241,51 @@ void next_pressed(State& state, bool rightly) {
 }
 BENCHMARK_CAPTURE(next_pressed, right, true)->UseManualTime();
 BENCHMARK_CAPTURE(next_pressed, wrong, false)->UseManualTime();
+
+// The end of a test: results file, final score, report and the first entry of a history.
+void test_graded(State& state, const char* exam) {
+  Student student(exam);
+  Program& program = student.robot.program();
+  for (auto _ : state) {
+    program.forms.unload(Form::finalscore);
+    program.forms.unload(Form::pick_a_quiz);
+    program.forms.show(Form::Welcome);
+    student.start_test();
+    student.mark_all();
+    const std::string history = history_file(program);
+    if (program.platform.files.exists(history)) program.platform.files.remove(history);
+    state.SetIterationTime(seconds_of([&] { student.grade(); }));
+    if (!student.is_graded()) return state.SkipWithError("the test was not graded");
+  }
+  state.counters["questions"] = int{student.robot.run().question_total};
+}
+BENCHMARK_CAPTURE(test_graded, falco, falco)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(test_graded, full_size, full_size_exam)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
+// One entry more for a student of many tests.
+void history_entry(State& state) {
+  constexpr int entries = 1000;
+  Student student(full_size_exam);
+  student.start_test();
+  student.mark_all();
+  student.grade();
+  Files& files = student.robot.world.files;
+  const std::string name = history_file(student.robot.program());
+  std::string history = files.read(name);
+  const std::string entry = history.substr(history.find('\n') + 1);
+  for (int i = 1; i < entries; ++i) history += entry;
+  for (auto _ : state) {
+    files.write(name, history);
+    state.SetIterationTime(seconds_of([&] { student.robot.app().finalscore().save_history(); }));
+  }
+  if (files.read(name).size() != history.size() + entry.size()) {
+    state.SkipWithError("the history has no entry more");
+  }
+  state.counters["bytes"] = static_cast<double>(history.size());
+}
+BENCHMARK(history_entry)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 // From the welcome screen to the final score, every question answered.
 void whole_test(State& state, const char* exam) {

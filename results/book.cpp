@@ -27,6 +27,17 @@ bool find_pdf_association(const Program& program, std::string_view extension,
   return program.platform.shell.class_of(extension) == class_name;
 }
 
+// An exam may have a book for each quiz, and the final exam's questions name theirs.
+void choose_book(Program& program) {
+  Catalogue& catalogue = program.catalogue;
+  const int quiz = program.test_run.clicked_quiz;
+  const std::string& book = program.current_question.exhibits[3];
+  if (quiz >= 1 && quiz <= 5) catalogue.book_file = catalogue.book_files[quiz];
+  if (quiz == 5 && book == "heron") catalogue.book_file = catalogue.book_files[1];
+  if (quiz == 5 && book == "falco") catalogue.book_file = catalogue.book_files[2];
+  if (book == "new") catalogue.book_file = catalogue.book_files[5];
+}
+
 std::string make_pdf_page(Program& program, std::string_view page, const std::string& file) {
   std::string name = file + ".hta";
   program.platform.files.write(name, pdf_page(page, file) + std::string(crlf));
@@ -55,6 +66,7 @@ void open_book(Program& program) {
     offer_pdf_reader(program);
     return;
   }
+  choose_book(program);
   const std::string& book = program.catalogue.book_file;
   if (!program.platform.files.exists(book)) {
     program.platform.messages.show({.text = "Could not find " + book, .title = {}});
@@ -63,7 +75,7 @@ void open_book(Program& program) {
   // A page number of four digits or more is not read.
   const std::string& reference = program.current_question.book_reference;
   const auto place = reference.find("##");
-  if (place < 4) program.pages.book_page = page_of(reference);
+  if (place == std::string::npos || place < 4) program.pages.book_page = page_of(reference);
   if (program.pages.book_page.empty()) return;
   std::string page = book + ".hta";
   skip([&] { page = make_pdf_page(program, program.pages.book_page, book); });

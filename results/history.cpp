@@ -1,4 +1,6 @@
 // The history file of a student: a growing HTML page, one line per graded test, newest first.
+#include <utility>
+
 #include "platform/values/text.h"
 #include "results/finalscore.h"
 #include "session/helpers.h"
@@ -20,6 +22,20 @@ std::string module_table(const std::vector<std::string>& percents,
   return table + "</table><p>&nbsp;</p>";
 }
 
+// Puts an entry behind the first line of a history. Its other lines stay as they are, whatever
+// ends them; a history may be long, so they are moved and not copied.
+void insert_behind_first_line(std::string& history, std::string entry) {
+  entry += crlf;
+  auto place = history.find_first_of("\r\n");
+  if (place == std::string::npos) {
+    history.append(crlf).append(entry);
+    return;
+  }
+  place += history.compare(place, crlf.size(), crlf) == 0 ? crlf.size() : 1;
+  if (history.size() > place && history.back() != '\n' && history.back() != '\r') history += crlf;
+  history.insert(place, entry);
+}
+
 }  // namespace
 
 std::string history_header(std::string_view student_name, std::string_view exam_title) {
@@ -35,17 +51,17 @@ std::string history_header(std::string_view student_name, std::string_view exam_
 void FinalScore::save_history() {
   Files& files = program_.platform.files;
   const std::string name = history_file(program_);
-  std::string old;
+  std::string history;
   // An old history that can not be read must not be replaced by a new one.
   if (!skip([&] {
-        old = files.exists(name)
-                  ? files.read(name)
-                  : history_header(program_.options.student_name, program_.catalogue.exam_title) +
-                        std::string(crlf);
+        history = files.exists(name) ? files.read(name)
+                                     : history_header(program_.options.student_name,
+                                                      program_.catalogue.exam_title) +
+                                           std::string(crlf);
       })) {
     return;
   }
-  skip([&] { files.write("temp.hist", old); });
+  skip([&] { files.write("temp.hist", history); });
   std::string entry;
   skip([&] {
     const std::string percent =
@@ -58,13 +74,8 @@ void FinalScore::save_history() {
             "% size=15 NOSHADE COLOR=NAVY>";
   });
   skip([&] { entry += module_table(percent_texts_, module_names_); });
-  skip([&] {
-    const auto end = old.find('\n');
-    const std::string header = old.substr(0, end == std::string::npos ? end : end + 1);
-    const std::string rest = end == std::string::npos ? std::string() : old.substr(end + 1);
-    const std::string gap = header.ends_with('\n') ? "" : std::string(crlf);
-    files.write(name, header + gap + entry + std::string(crlf) + rest);
-  });
+  skip([&] { insert_behind_first_line(history, std::move(entry)); });
+  skip([&] { files.write(name, history); });
 }
 
 }  // namespace practice

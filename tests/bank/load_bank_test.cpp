@@ -208,6 +208,9 @@ TEST_P(EveryExam, NamesItsFilesAndQuizzesWhateverTheBank) {
     EXPECT_EQ(catalogue.content_dir, exam.content_dir);
     EXPECT_EQ(catalogue.book_file_name, exam.book);
     EXPECT_EQ(catalogue.book_file, std::string("C:\\exam\\") + exam.book);
+    for (int book = 1; book <= 5; ++book) {
+      EXPECT_EQ(catalogue.book_files[book], std::string("C:\\exam\\") + exam.book) << book;
+    }
     EXPECT_EQ(catalogue.cover_picture, exam.cover);
     EXPECT_EQ(catalogue.photo_file, std::string("C:\\exam\\") + exam.photo);
     EXPECT_EQ(catalogue.saver_program, exam.saver);

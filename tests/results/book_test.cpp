@@ -161,6 +161,64 @@ TEST_F(BookTest, APageThatCanNotBeWrittenIsOpenedAsItStands) {
   EXPECT_EQ(calls(), std::vector<std::string>{"open " + viewer_page});
 }
 
+// An exam of several books, one for each quiz.
+TEST_F(BookTest, TheQuizClickedLastAndTheThirdExhibitChooseTheBook) {
+  const auto book_of = [](int quiz) { return "\\program\\book " + std::to_string(quiz) + ".pdf"; };
+  const struct {
+    int clicked_quiz;
+    const char* exhibit;
+    int book;  // 0 for the one that was chosen before
+  } cases[] = {{1, "", 1},      {2, "", 2},      {3, "", 3},      {4, "", 4},      {5, "", 5},
+               {0, "", 0},      {6, "", 0},      {-1, "", 0},     {5, "heron", 1}, {5, "falco", 2},
+               {5, "Heron", 5}, {5, "robin", 5}, {3, "heron", 3}, {4, "falco", 4}, {0, "falco", 0},
+               {0, "new", 5},   {1, "new", 5},   {5, "new", 5},   {6, "new", 5},   {1, "New", 1}};
+  Catalogue& catalogue = robot.program().catalogue;
+  for (int quiz = 0; quiz <= 5; ++quiz) {
+    robot.world.files.write(book_of(quiz), "pdf");
+    catalogue.book_files[quiz] = book_of(quiz);
+  }
+  for (const auto& expected : cases) {
+    catalogue.book_file = book_of(0);
+    robot.run().clicked_quiz = expected.clicked_quiz;
+    row(robot.run().question_position + 1).exhibits[3] = expected.exhibit;
+    review("10##One");
+    EXPECT_EQ(calls().back(), "open " + book_of(expected.book) + ".hta")
+        << expected.clicked_quiz << " " << expected.exhibit;
+    EXPECT_EQ(catalogue.book_file, book_of(expected.book));
+  }
+}
+
+TEST_F(BookTest, AnExamHasOneBookWhateverTheQuizAndTheExhibit) {
+  for (int quiz = 0; quiz <= 6; ++quiz) {
+    for (const char* exhibit : {"", "heron", "falco", "new"}) {
+      robot.run().clicked_quiz = quiz;
+      row(robot.run().question_position + 1).exhibits[3] = exhibit;
+      review("10##One");
+      EXPECT_EQ(calls().back(), "open " + viewer_page) << quiz << " " << exhibit;
+    }
+  }
+}
+
+TEST_F(BookTest, APageOnceOpenedIsKeptForTheQuestionWhoseNumberIsNotRead) {
+  review("10##One");
+  robot.program().current_question.book_reference = "1284##Far away";
+  robot.click("quest", "Command1");
+  EXPECT_EQ(calls().size(), 2u);
+  EXPECT_NE(file(viewer_page).find("setCurrentPage(10)"), std::string::npos);
+  review("1284##Far away");
+  EXPECT_EQ(calls().size(), 2u) << "the next question has none yet";
+}
+
+TEST_F(BookTest, APageOnceOpenedIsForgottenWithAReferenceThatNamesNone) {
+  for (const char* reference : {"Chapter 4", "##Heading alone", ""}) {
+    review("10##One");
+    const auto opened = calls().size();
+    robot.program().current_question.book_reference = reference;
+    robot.click("quest", "Command1");
+    EXPECT_EQ(calls().size(), opened) << reference;
+  }
+}
+
 TEST(BookPage, ABookInAFolderWithABlankStandsInQuotes) {
   robot::Robot robot;
   robot.world.platform.program_folder = "\\practice exam";

@@ -220,6 +220,37 @@ TEST_F(FinalScoreTest, WrongAnswersAreCollectedInTheOrderOfTheTest) {
   EXPECT_EQ(robot.run().wrong_list.rows[2], 7);
 }
 
+TEST_F(FinalScoreTest, WrongAnswersAreCollectedByTheirNumbersAndNotTheirRows) {
+  row(2).question_id = 77;
+  grade_two();
+  EXPECT_EQ(robot.run().wrong_list.count, 1);
+  EXPECT_EQ(robot.run().wrong_list.rows[1], 77);
+}
+
+// A category counts right checks, and a question can be checked again by going back.
+TEST_F(FinalScoreTest, AnAnswerCheckedAgainRaisesItsCategoryBeyondTheWhole) {
+  row(1).category = 20;
+  back();
+  for (int i = 1; i <= 2; ++i) {
+    answer_rightly();
+    next();
+    if (i == 1) back();
+  }
+  robot.click("quest", "menu_quittest");
+  EXPECT_EQ(finalscore().list_cat.items[19], "200% (2/1) Chapter 20 Troubleshooting the Campus");
+  EXPECT_EQ(finalscore().rig.caption, "1");
+  EXPECT_EQ(finalscore().per.caption, "2%");
+}
+
+TEST_F(FinalScoreTest, ACategoryWithoutQuestionsIsALineInTheErrorLogAndNothingElse) {
+  grade_two();
+  const std::string log = file("error.log");
+  EXPECT_NE(log.find(" - finalscore form Load() - finalscore 11 - Division by zero - \r\n"),
+            std::string::npos);
+  EXPECT_EQ(finalscore().list_cat.items.size(), 20u);
+  EXPECT_TRUE(robot.world.messages.shown.empty());
+}
+
 TEST_F(FinalScoreTest, AReportThatCanNotBeWrittenDoesNotStopTheScore) {
   robot.world.files.protect("testing.log");
   grade_two();

@@ -139,6 +139,18 @@ TEST_F(HistoryTest, AQuizBeyondTheTableWithoutCategoriesIsAnEmptyLine) {
   EXPECT_EQ(written[1], "");
 }
 
+TEST_F(HistoryTest, ACategoryBeyondTheFortiethIsInTheReportOnly) {
+  take_test();
+  Catalogue& catalogue = robot.program().catalogue;
+  for (int i = 21; i <= 41; ++i) catalogue.category_names[i] = "More " + std::to_string(i);
+  catalogue.category_count = 41;
+  answer(1);
+  grade();
+  EXPECT_TRUE(has(file(history), "<td>More 40</td></tr></table>"));
+  EXPECT_FALSE(has(file(history), "More 41"));
+  EXPECT_TRUE(has(file("testing.log"), "More 41: 0\r\nQuestion History\r\n"));
+}
+
 TEST_F(HistoryTest, TheHeaderKeepsTheTitleOfItsFirstDay) {
   robot.world.files.write(history, "old header\r\nold entry\r\n");
   take_test();

@@ -24,6 +24,7 @@ bool MemoryFiles::exists(std::string_view path) const { return files_.contains(k
 std::string MemoryFiles::read(std::string_view path) const {
   const auto file = files_.find(key(path));
   if (file == files_.end()) throw Fault::file_not_found();
+  if (sealed_.contains(file->first)) throw Fault::permission_denied();
   return file->second.content;
 }
 
@@ -53,6 +54,10 @@ void MemoryFiles::remove(std::string_view path) {
 }
 
 void MemoryFiles::protect(std::string_view path) { protected_[key(path)] = true; }
+
+void MemoryFiles::seal(std::string_view path) { sealed_[key(path)] = true; }
+
+void MemoryFiles::open(std::string_view path) { sealed_.erase(key(path)); }
 
 std::vector<std::string> MemoryFiles::names() const {
   std::vector<std::string> result;

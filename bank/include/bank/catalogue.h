@@ -37,6 +37,8 @@ struct Catalogue {
   Slots<std::string, 5> quiz_button_names;
   std::string book_file;
   std::string book_file_name;
+  /// By quiz number, for banks of several books; here each quiz has the exam's one book.
+  Slots<std::string, 5> book_files;
   std::string cover_picture;
   std::string photo_file;
   /// Empty for FALCO.

@@ -37,6 +37,9 @@ class MemoryFiles : public Files {
 
   /// Writing to this path raises permission denied from now on.
   void protect(std::string_view path);
+  /// Reading from this path raises permission denied from now on, until it is opened.
+  void seal(std::string_view path);
+  void open(std::string_view path);
   /// Names as they were first written, by rising normal form.
   std::vector<std::string> names() const;
 
@@ -50,6 +53,7 @@ class MemoryFiles : public Files {
 
   std::map<std::string, File> files_;
   std::map<std::string, bool> protected_;
+  std::map<std::string, bool> sealed_;
 };
 
 class MemorySettings : public Settings {
