@@ -18,6 +18,9 @@ class QWidget;
 
 namespace practice::desktop {
 
+/// A file is written under a name of its own beside the one that it replaces, such as
+/// "practice-exam-aBcDeF.unfinished". What a killed process left of these goes with a later write
+/// into the same folder, a minute old or more.
 class QtFiles : public Files {
  public:
   bool exists(std::string_view path) const override;
