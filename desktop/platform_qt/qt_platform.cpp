@@ -67,6 +67,11 @@ QString program_at(std::string_view path) {
   return {};
 }
 
+bool is_program(const QString& path) {
+  const QFileInfo file(path);
+  return file.isFile() && file.isExecutable();
+}
+
 // Plain pages, which our viewer shows too.
 bool is_plain_page(const QString& suffix) {
   return suffix == QStringLiteral("txt") || suffix == QStringLiteral("htm") ||
@@ -107,16 +112,16 @@ int QtShell::open(std::string_view target, std::string_view folder, WindowShow) 
     if (!file.exists()) return file_not_found;
     const QString place = file.absoluteFilePath();
     const QString suffix = file.suffix().toLower();
-    if (suffix == QStringLiteral("chm")) return open_with_viewer(place);
-    if (is_plain_page(suffix) && QFileInfo(viewer).isExecutable()) return open_page(place);
+    if (suffix == QStringLiteral("chm")) return open_with(viewer, place);
+    if (suffix == QStringLiteral("hta")) return open_with(book_viewer, place);
+    if (is_plain_page(suffix) && is_program(viewer)) return open_page(place);
     address = QUrl::fromLocalFile(place);
   }
   return QDesktopServices::openUrl(address) ? opened : no_program;
 }
 
-int QtShell::open_with_viewer(const QString& file) {
-  const bool is_there = QFileInfo(viewer).isExecutable();
-  return is_there && QProcess::startDetached(viewer, {file}) ? opened : no_program;
+int QtShell::open_with(const QString& program, const QString& file) {
+  return is_program(program) && QProcess::startDetached(program, {file}) ? opened : no_program;
 }
 
 // The desktop's opener tells only when it has tried that there was no program, by its codes 3 and
@@ -150,9 +155,7 @@ void QtShell::send_media_command(std::string_view command) {
 
 std::string QtShell::class_of(std::string_view extension) const {
   if (extension != ".pdf") return {};
-  const QFileInfo book_viewer(QCoreApplication::applicationDirPath() +
-                              QStringLiteral("/book_viewer"));
-  return book_viewer.isExecutable() ? "AcroExch.Document" : std::string();
+  return is_program(book_viewer) ? "AcroExch.Document" : std::string();
 }
 
 std::string QtShell::find_on_path(std::string_view name) const {

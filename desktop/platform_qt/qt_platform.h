@@ -50,6 +50,8 @@ class QtShell : public Shell {
  public:
   /// Our own viewer, which shows the help file, and plain pages where the desktop has no program.
   QString viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/help_viewer");
+  /// Shows the exam's book at a page, from the viewer page that the program writes.
+  QString book_viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/book_viewer");
 
   int open(std::string_view target, std::string_view folder, WindowShow show) override;
   void start(std::string_view command_line) override;
@@ -58,7 +60,7 @@ class QtShell : public Shell {
   std::string find_on_path(std::string_view name) const override;
 
  private:
-  int open_with_viewer(const QString& file);
+  static int open_with(const QString& program, const QString& file);
   int open_page(const QString& file);
 };
 

@@ -188,6 +188,16 @@ TEST_F(OpeningFiles, TheHelpFileIsShownByOurViewer) {
   EXPECT_EQ(shown(), from_qt(folder.filePath(QStringLiteral("guide.chm"))));
 }
 
+TEST_F(OpeningFiles, ABooksPageIsShownByTheBookViewer) {
+  files.write("book_falco.pdf.hta", "page");
+  EXPECT_EQ(shell.open("book_falco.pdf.hta", {}, WindowShow::maximised), 31);
+  EXPECT_EQ(shell.class_of(".pdf"), "");
+  shell.book_viewer = shell.viewer;
+  EXPECT_GT(shell.open("book_falco.pdf.hta", {}, WindowShow::maximised), 32);
+  EXPECT_EQ(shown(), from_qt(folder.filePath(QStringLiteral("book_falco.pdf.hta"))));
+  EXPECT_EQ(shell.class_of(".pdf"), "AcroExch.Document");
+}
+
 TEST_F(OpeningFiles, APageTheDesktopHasNoProgramForIsShownByOurViewer) {
   script("xdg-open", "exit 3");
   EXPECT_GT(shell.open("file:///" + from_qt(folder.filePath(QStringLiteral("page.txt"))), {},
