@@ -4,12 +4,10 @@
 #include <QHashSeed>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <map>
 #include <optional>
 #include <string>
-#include <system_error>
 
+#include "bank_compiler/tool.h"
 #include "book_setting/book_reader.h"
 #include "book_setting/page_index.h"
 #include "book_setting/typeset.h"
@@ -24,19 +22,6 @@ constexpr std::string_view usage =
     "  sets a book, and writes on which page its chapters and sections begin\n"
     "book_setter --check FOLDER\n"
     "  tells the faults of a book, or how long it is\n";
-
-using Options = std::map<std::string_view, std::string_view>;
-
-// Empty when something is no option, has no value or stands twice.
-Options options_in(std::span<const std::string_view> arguments) {
-  if (arguments.size() % 2 != 0) return {};
-  Options options;
-  for (std::size_t i = 0; i < arguments.size(); i += 2) {
-    if (!arguments[i].starts_with("--") || arguments[i + 1].empty()) return {};
-    if (!options.try_emplace(arguments[i], arguments[i + 1]).second) return {};
-  }
-  return options;
-}
 
 struct ReadyBook {
   Book book;
@@ -55,36 +40,19 @@ std::optional<ReadyBook> prepare(const fs::path& folder, std::ostream& err) {
   return std::nullopt;
 }
 
-bool write_file(const fs::path& file, std::string_view bytes, std::ostream& err) {
-  std::error_code error;
-  if (file.has_parent_path()) fs::create_directories(file.parent_path(), error);
-  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-  stream << bytes;
-  stream.close();
-  if (stream) return true;
-  err << file.generic_string() << ": the file can not be written\n";
-  return false;
-}
-
-void remove_file(const fs::path& file) {
-  std::error_code error;
-  if (fs::is_regular_file(file, error)) fs::remove(file, error);
-}
-
-int set(const Options& options, std::ostream& err) {
+int set(const compiler::Options& options, std::ostream& err) {
   const fs::path output = options.at("--output");
   const fs::path pages = options.at("--pages");
   const auto ready = prepare(options.at("--book"), err);
   if (!ready) {
-    // A book from before the fault must not pass for the present one.
-    remove_file(output);
-    remove_file(pages);
+    compiler::remove_stale(output);
+    compiler::remove_stale(pages);
     return 1;
   }
   const QByteArray pdf = to_pdf(ready->set, ready->book.head);
   const std::string_view bytes(pdf.constData(), static_cast<std::size_t>(pdf.size()));
-  const bool written =
-      write_file(output, bytes, err) && write_file(pages, page_index(ready->book, ready->set), err);
+  const bool written = compiler::write_file(output, bytes, err) &&
+                       compiler::write_file(pages, page_index(ready->book, ready->set), err);
   return written ? 0 : 1;
 }
 
@@ -97,7 +65,7 @@ int check(const fs::path& folder, std::ostream& out, std::ostream& err) {
   return 0;
 }
 
-int run_options(const Options& options, std::ostream& out, std::ostream& err) {
+int run_options(const compiler::Options& options, std::ostream& out, std::ostream& err) {
   if (options.size() == 1 && options.contains("--check")) {
     return check(options.at("--check"), out, err);
   }
@@ -124,7 +92,7 @@ int run(std::span<const std::string_view> arguments, std::ostream& out, std::ost
     return 0;
   }
   try {
-    return run_options(options_in(arguments), out, err);
+    return run_options(compiler::options_in(arguments), out, err);
   } catch (const std::exception& fault) {
     err << "book_setter: " << fault.what() << '\n';
     return 1;

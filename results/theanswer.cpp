@@ -163,7 +163,7 @@ void TheAnswer::set_wow_explanation_html(std::string& html) {
       .append(trimmed_text_form(question.question_id))
       .append(" ")
       .append(program_.catalogue.exam_title);
-  if (program_.catalogue.book_edition != 9090) {
+  if (!program_.catalogue.is_book_edition()) {
     page.append(" v").append(program_.catalogue.exam_version);
   }
   for (int i = 1; i <= 3; ++i) {

@@ -33,7 +33,7 @@ void Quest::load() {
     for (int i = 1; i <= 4; ++i) status_labels_[i] = labels[i - 1];
   });
   trap([&] {
-    if (program_.catalogue.book_layout != 99) return;
+    if (!program_.catalogue.has_cover_layout()) return;
     for (int i = 1; i <= 5; ++i) status_labels_[i] = program_.catalogue.quiz_button_names[i];
   });
   trap([&] { set_status_line(true); });
@@ -74,9 +74,9 @@ void Quest::check_menus_at_load(Trap& trap) {
 void Quest::set_status_line(bool at_load) {
   const int quiz = run_.selected_quiz;
   std::string label = status_labels_[quiz];
-  if (at_load && quiz == 3 && program_.catalogue.book_layout != 99) label.clear();
+  if (at_load && quiz == 3 && !program_.catalogue.has_cover_layout()) label.clear();
   whatdoin.caption = label + " -   " + program_.catalogue.exam_title;
-  if (program_.catalogue.book_layout != 99) {
+  if (!program_.catalogue.has_cover_layout()) {
     whatdoin.caption += " v" + program_.catalogue.exam_version;
   }
 }

@@ -1,26 +1,12 @@
 // The menus of the question screen. Changes take effect at once; a new font shows the question
 // anew.
 #include "run/quest3.h"
+#include "session/helpers.h"
 
 namespace practice {
 namespace {
 constexpr int printing = 99;
 constexpr int not_printing = 1;
-
-std::string stored_address(const Program& program) {
-  return program.platform.settings.get("marlotest", "order", "email", "");
-}
-
-std::string ask_for_address(const Program& program, std::string_view old_address) {
-  return program.platform.messages.ask({.text = "Please Enter your Email Address.",
-                                        .title = "Web Based Mail",
-                                        .default_text = std::string(old_address)});
-}
-
-void keep_address(const Program& program, std::string_view address) {
-  program.platform.settings.save("marlotest", "order", "email", address);
-}
-
 }  // namespace
 
 void Quest::toggle(MenuEntry& entry, Integer& flag) {
@@ -81,18 +67,18 @@ void Quest::keep_mail_kind(std::string_view kind) {
 void Quest::mail_by_web() {
   keep_mail_kind("web");
   skip([&] {
-    std::string address = stored_address(program_);
+    std::string address = stored_mail_address(program_);
     if (!address.empty()) return;
-    while (address.empty()) address = ask_for_address(program_, {});
-    keep_address(program_, address);
+    while (address.empty()) address = ask_for_mail_address(program_);
+    keep_mail_address(program_, address);
   });
 }
 
 void Quest::change_mail_address() {
   skip([&] {
-    const std::string old_address = stored_address(program_);
-    const std::string address = ask_for_address(program_, old_address);
-    keep_address(program_, address.empty() ? old_address : address);
+    const std::string old_address = stored_mail_address(program_);
+    const std::string address = ask_for_mail_address(program_, old_address);
+    keep_mail_address(program_, address.empty() ? old_address : address);
   });
 }
 

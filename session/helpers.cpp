@@ -90,6 +90,20 @@ void set_list_scroll_extent(Program& program, ListBox& list) {
       static_cast<int>(stage.text_width(entry + ' ')) / (twips_per_inch / stage.pixels_per_inch());
 }
 
+std::string stored_mail_address(const Program& program) {
+  return program.platform.settings.get("marlotest", "order", "email", "");
+}
+
+void keep_mail_address(Program& program, std::string_view address) {
+  program.platform.settings.save("marlotest", "order", "email", address);
+}
+
+std::string ask_for_mail_address(Program& program, std::string_view default_address) {
+  return program.platform.messages.ask({.text = "Please Enter your Email Address.",
+                                        .title = "Web Based Mail",
+                                        .default_text = std::string(default_address)});
+}
+
 void play_sound(Program& program, std::string_view alias) {
   program.platform.shell.send_media_command("play " + std::string(alias) + "  ");
 }

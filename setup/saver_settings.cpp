@@ -4,8 +4,12 @@
 
 namespace practice {
 namespace {
-constexpr int cover_layout_mark = 99;
+
+void save(Program& program, std::string_view key, const std::string& value) {
+  skip([&] { program.platform.settings.save("marlo_study_saver", "settings", key, value); });
 }
+
+}  // namespace
 
 // Up counts down, as on the arrows of a scroll bar; the count stops at 1.
 void PickAQuiz::spin(ScrollBar& bar, Label& label, SpinState& state) {
@@ -22,15 +26,12 @@ void PickAQuiz::spin(ScrollBar& bar, Label& label, SpinState& state) {
 }
 
 void PickAQuiz::save_saver_settings() {
-  const auto save = [&](std::string_view key, const std::string& value) {
-    skip([&] { program_.platform.settings.save("marlo_study_saver", "settings", key, value); });
-  };
   const auto number = [](const Label& label) {
     return trimmed_text_form(static_cast<int>(number_in(label.caption)));
   };
-  save("aspeed", number(lbldisplayans));
-  save("cspeed", number(lbldisplaycorr));
-  save("RandQuestions", trimmed_text_form(chkRandom.value));
+  save(program_, "aspeed", number(lbldisplayans));
+  save(program_, "cspeed", number(lbldisplaycorr));
+  save(program_, "RandQuestions", trimmed_text_form(chkRandom.value));
 }
 
 void PickAQuiz::set_as_screen_saver() {
@@ -38,12 +39,9 @@ void PickAQuiz::set_as_screen_saver() {
   Platform& platform = program_.platform;
   std::string target = platform.program_folder;
   if (!target.ends_with('\\')) target += '\\';
-  if (catalogue.book_layout == cover_layout_mark) target += catalogue.saver_program;
-  const auto save = [&](std::string_view key, const std::string& value) {
-    skip([&] { platform.settings.save("marlo_study_saver", "settings", key, value); });
-  };
-  save("which_test", catalogue.exam_code);
-  save("where_test", target);
+  if (catalogue.has_cover_layout()) target += catalogue.saver_program;
+  save(program_, "which_test", catalogue.exam_code);
+  save(program_, "where_test", target);
   std::string saver;
   skip([&] { saver = platform.shell.find_on_path("brightwater_press_study_saver.scr"); });
   skip([&] { platform.shell.start("rundll32.exe desk.cpl,InstallScreenSaver " + saver); });

@@ -8,7 +8,6 @@
 namespace practice {
 namespace {
 
-constexpr int book_edition_mark = 9090;
 constexpr double text_left = 300;
 constexpr double text_width = 6600;
 
@@ -56,7 +55,7 @@ void About1::design() {
 
 void About1::load() {
   skip([&] { Image1.file = picture_file(program_, "oemsplash.gif"); });
-  const bool is_book_edition = program_.catalogue.book_edition == book_edition_mark;
+  const bool is_book_edition = program_.catalogue.is_book_edition();
   Frame1.visible = is_book_edition;
   Label3.visible = is_book_edition;
   skip([&] { center_form(program_, *this); });

@@ -53,7 +53,7 @@ void Application::mail_history_report() { practice::mail_history_report(program_
 
 void Application::return_to_options() {
   const Catalogue& catalogue = program_.catalogue;
-  if (catalogue.book_edition != 9090 || catalogue.exam_code == "30021" ||
+  if (!catalogue.is_book_edition() || catalogue.exam_code == "30021" ||
       catalogue.exam_code == "30204") {
     return;
   }

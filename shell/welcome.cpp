@@ -14,8 +14,6 @@ constexpr std::string_view source = "Welcome";
 constexpr double design_width = 5925;
 constexpr double design_height = 7800;
 constexpr double cover_height = 8090;
-constexpr int book_edition_mark = 9090;
-constexpr int cover_layout_mark = 99;
 constexpr int questions_per_quarter = 4;
 constexpr int tests_before_feedback = 3;
 
@@ -50,7 +48,7 @@ void Welcome::load() {
   trap([&] { number_the_rows(program_.question_table); });
   forms.unload(Form::loading);
   const Catalogue& catalogue = program_.catalogue;
-  if (catalogue.book_edition == book_edition_mark) {
+  if (catalogue.is_book_edition()) {
     trap([&] { load_bank(program_); });
     trap([&] {
       Image3.file = picture_file(program_, program_.install_dir + catalogue.cover_picture);
@@ -115,7 +113,7 @@ void Welcome::apply_branding() {
   if (branding.partner_edition == partner_publisher) branding.brand_prefix = "Halden Learning's";
   test_name.caption = program_.catalogue.exam_title;
   author_name2.caption = program_.catalogue.author_address;
-  if (program_.catalogue.book_layout != cover_layout_mark) return;
+  if (!program_.catalogue.has_cover_layout()) return;
   for (Picture* picture : {&hmi_exit, &HMI_Start, &hmi_help}) picture->visible = false;
   for (Picture& picture : oldImage4) picture.visible = false;
 }
@@ -210,15 +208,11 @@ void Welcome::give_feedback() {
                               .buttons = Buttons::ok_cancel});
   if (answer != Answer::ok) return;
   std::string address;
-  skip([&] { address = platform.settings.get("marlotest", "order", "email", ""); });
+  skip([&] { address = stored_mail_address(program_); });
   if (address.empty()) {
-    skip([&] {
-      address = platform.messages.ask({.text = "Please Enter your Email Address.",
-                                       .title = "Web Based Mail",
-                                       .default_text = {}});
-    });
+    skip([&] { address = ask_for_mail_address(program_); });
   }
-  skip([&] { platform.settings.save("marlotest", "order", "email", address); });
+  skip([&] { keep_mail_address(program_, address); });
   const Catalogue& catalogue = program_.catalogue;
   skip([&] {
     open_document(program_,

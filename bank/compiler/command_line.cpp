@@ -2,13 +2,12 @@
 
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <map>
 #include <string>
 #include <system_error>
 #include <vector>
 
 #include "bank_compiler/rules.h"
+#include "bank_compiler/tool.h"
 #include "bank_compiler/writer.h"
 
 namespace practice::compiler {
@@ -21,19 +20,6 @@ constexpr std::string_view usage =
     "  writes the banks of an exam as C++ tables\n"
     "bank_compiler --check ROOT\n"
     "  checks the banks of all exams under ROOT/data and lists what is still to be written\n";
-
-using Options = std::map<std::string_view, std::string_view>;
-
-// Empty when something is no option, has no value or stands twice.
-Options options_in(std::span<const std::string_view> arguments) {
-  if (arguments.size() % 2 != 0) return {};
-  Options options;
-  for (std::size_t i = 0; i < arguments.size(); i += 2) {
-    if (!arguments[i].starts_with("--") || arguments[i + 1].empty()) return {};
-    if (!options.try_emplace(arguments[i], arguments[i + 1]).second) return {};
-  }
-  return options;
-}
 
 ContentFiles files_in(const fs::path& folder) {
   ContentFiles files;
@@ -59,17 +45,6 @@ ExamSource read_exam(const fs::path& banks, Faults& faults) {
 void print(Faults& faults, std::ostream& err) {
   sort_by_place(faults);
   for (const Fault& fault : faults) err << to_text(fault) << '\n';
-}
-
-bool write_file(const fs::path& file, const std::string& text, std::ostream& err) {
-  std::error_code error;
-  if (file.has_parent_path()) fs::create_directories(file.parent_path(), error);
-  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-  stream << text;
-  stream.close();
-  if (stream) return true;
-  err << file.generic_string() << ": the file can not be written\n";
-  return false;
 }
 
 // The form that make reads: blanks, "#" and "$" are escaped.
@@ -107,9 +82,7 @@ int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
   check_exam(exam, plan, files, faults, shortfalls);
   if (!faults.empty()) {
     print(faults, err);
-    // A table from before the fault must not pass for the present one.
-    std::error_code error;
-    if (fs::is_regular_file(output, error)) fs::remove(output, error);
+    remove_stale(output);
     return 1;
   }
   if (!write_file(output, write_tables(exam, plan), err)) return 1;

@@ -17,6 +17,7 @@
 #include <algorithm>
 
 #include "book_pages.h"
+#include "tools.h"
 
 using namespace Qt::StringLiterals;
 
@@ -116,16 +117,6 @@ void BookWindow::make_tools() {
   QAction* find = add_tool(bar, u"Find"_s, u"Search the book"_s, {Qt::CTRL | Qt::Key_F},
                            [this] { open_search(); });
   book_tools_ = {smaller, larger, usual, width, find};
-}
-
-QAction* BookWindow::add_tool(QToolBar& bar, const QString& name, const QString& tip,
-                              const QList<QKeySequence>& keys, const std::function<void()>& act) {
-  QAction* action = bar.addAction(name);
-  action->setShortcuts(keys);
-  action->setToolTip(tip + u" ("_s + keys.first().toString(QKeySequence::NativeText) + u')');
-  connect(action, &QAction::triggered, this, act);
-  bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
-  return action;
 }
 
 void BookWindow::make_panes() {

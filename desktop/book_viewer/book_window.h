@@ -41,8 +41,6 @@ class BookWindow : public QMainWindow {
   void make_tools();
   void make_panes();
   QWidget* make_search_bar();
-  QAction* add_tool(QToolBar& bar, const QString& name, const QString& tip,
-                    const QList<QKeySequence>& keys, const std::function<void()>& act);
 
   /// Why the book can not be shown, for the student; empty when it was loaded.
   QString load(const QString& book);

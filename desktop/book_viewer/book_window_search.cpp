@@ -7,6 +7,7 @@
 
 #include "book_pages.h"
 #include "book_window.h"
+#include "search_bar.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,30 +37,12 @@ std::vector<QRectF> lines_of(const QPdfLink& hit) {
 }  // namespace
 
 QWidget* BookWindow::make_search_bar() {
-  search_bar_ = new QWidget;
-  search_bar_->hide();
-  auto* row = new QHBoxLayout(search_bar_);
-  wanted_ = new QLineEdit;
-  wanted_->setObjectName(u"wanted"_s);
-  wanted_->setAccessibleName(u"Search for"_s);
-  wanted_->setPlaceholderText(u"Search for"_s);
-  wanted_->setClearButtonEnabled(true);
-  connect(wanted_, &QLineEdit::textEdited, this, [this] { search(); });
-  connect(wanted_, &QLineEdit::returnPressed, this,
-          [this] { step(QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier) ? -1 : 1); });
-  row->addWidget(wanted_, 1);
-  found_ = new QLabel;
-  found_->setObjectName(u"found"_s);
-  row->addWidget(found_);
-  const auto add_button = [&](const QString& name, const QString& tip, auto act) {
-    auto* button = new QPushButton(name);
-    button->setToolTip(tip);
-    connect(button, &QPushButton::clicked, this, act);
-    row->addWidget(button);
-  };
-  add_button(u"Pre&vious"_s, u"Previous hit (Shift+F3)"_s, [this] { step(-1); });
-  add_button(u"&Next"_s, u"Next hit (F3)"_s, [this] { step(1); });
-  add_button(u"&Close"_s, u"Close the search (Esc)"_s, [this] { close_search(); });
+  auto* bar = new SearchBar({.search = [this] { search(); },
+                             .step = [this](int by) { step(by); },
+                             .close = [this] { close_search(); }});
+  search_bar_ = bar;
+  wanted_ = bar->wanted();
+  found_ = bar->found();
   search_.landed = [this] { show_hit(); };
   search_.progressed = [this] {
     tell_hits();

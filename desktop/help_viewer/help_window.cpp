@@ -26,6 +26,8 @@
 #include <algorithm>
 
 #include "help_text.h"
+#include "search_bar.h"
+#include "tools.h"
 
 using namespace Qt::StringLiterals;
 
@@ -111,30 +113,12 @@ void HelpWindow::make_panes() {
 }
 
 QWidget* HelpWindow::make_search_bar() {
-  search_bar_ = new QWidget;
-  search_bar_->hide();
-  auto* row = new QHBoxLayout(search_bar_);
-  wanted_ = new QLineEdit;
-  wanted_->setObjectName(u"wanted"_s);
-  wanted_->setAccessibleName(u"Search for"_s);
-  wanted_->setPlaceholderText(u"Search for"_s);
-  wanted_->setClearButtonEnabled(true);
-  connect(wanted_, &QLineEdit::textEdited, this, [this] { search(); });
-  connect(wanted_, &QLineEdit::returnPressed, this,
-          [this] { step(QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier) ? -1 : 1); });
-  row->addWidget(wanted_, 1);
-  found_ = new QLabel;
-  found_->setObjectName(u"found"_s);
-  row->addWidget(found_);
-  const auto add_button = [&](const QString& name, const QString& tip, auto act) {
-    auto* button = new QPushButton(name);
-    button->setToolTip(tip);
-    connect(button, &QPushButton::clicked, this, act);
-    row->addWidget(button);
-  };
-  add_button(u"Pre&vious"_s, u"Previous match (Shift+F3)"_s, [this] { step(-1); });
-  add_button(u"&Next"_s, u"Next match (F3)"_s, [this] { step(1); });
-  add_button(u"&Close"_s, u"Close the search (Esc)"_s, [this] { close_search(); });
+  auto* bar = new SearchBar({.search = [this] { search(); },
+                             .step = [this](int by) { step(by); },
+                             .close = [this] { close_search(); }});
+  search_bar_ = bar;
+  wanted_ = bar->wanted();
+  found_ = bar->found();
   connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] { step(1); });
   connect(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, this,
           [this] { step(-1); });
@@ -165,16 +149,6 @@ void HelpWindow::make_tools() {
            [this, size] { zoom_to(size() / zoom_step); });
   add_tool(bar, u"Usual Size"_s, u"The text in its usual size"_s, {Qt::CTRL | Qt::Key_0},
            [this] { zoom_to(own_size_); });
-}
-
-QAction* HelpWindow::add_tool(QToolBar& bar, const QString& name, const QString& tip,
-                              const QList<QKeySequence>& keys, const std::function<void()>& act) {
-  QAction* action = bar.addAction(name);
-  action->setShortcuts(keys);
-  action->setToolTip(tip + u" ("_s + keys.first().toString(QKeySequence::NativeText) + u')');
-  connect(action, &QAction::triggered, this, act);
-  bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
-  return action;
 }
 
 bool HelpWindow::open(const QString& path) {

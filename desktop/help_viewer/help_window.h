@@ -49,8 +49,6 @@ class HelpWindow : public QMainWindow {
   void make_tools();
   void make_panes();
   QWidget* make_search_bar();
-  QAction* add_tool(QToolBar& bar, const QString& name, const QString& tip,
-                    const QList<QKeySequence>& keys, const std::function<void()>& act);
 
   void fill_contents(const QTextDocument& text);
   void follow(const QUrl& link);

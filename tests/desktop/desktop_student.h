@@ -55,13 +55,19 @@ class DesktopTest : public testing::Test {
   }
 
   void TearDown() override {
-    if (desk) desk->take_down();
-    application.reset();
-    desk.reset();
+    end();
     QDir::setCurrent(QDir::tempPath());
   }
 
-  void start(const std::string& command_line) {
+  /// Ends the program; start() may follow in the same folder.
+  void end() {
+    if (desk) desk->take_down();
+    application.reset();
+    desk.reset();
+  }
+
+  /// Starts the program without waiting for its window.
+  void launch(const std::string& command_line) {
     desk = std::make_unique<Desk>(files);
     platform =
         std::make_unique<Platform>(Platform{files, settings, shell, internet, clipboard, messages,
@@ -69,6 +75,10 @@ class DesktopTest : public testing::Test {
     application = std::make_unique<Application>(*platform, command_line);
     desk->show_screens_of(application->program().forms);
     desk->enter([&] { application->start(); });
+  }
+
+  void start(const std::string& command_line) {
+    launch(command_line);
     ASSERT_TRUE(QTest::qWaitForWindowActive(window("Welcome")));
   }
 

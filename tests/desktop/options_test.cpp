@@ -26,9 +26,7 @@ class OptionsScreen : public DesktopTest {
 
   /// Ends the program and starts it again in the same folder.
   void start_again() {
-    desk->take_down();
-    application.reset();
-    desk.reset();
+    end();
     open_options();
   }
 
@@ -211,9 +209,7 @@ TEST_F(WelcomeScreen, FeedbackIsOfferedAfterTheFourthTest) {
   click("pick_a_quiz", "Command1");
   while (quest().visible) click("quest", "cmd_buttons", 0);
   ASSERT_TRUE(window("finalscore")->isVisible());
-  desk->take_down();
-  application.reset();
-  desk.reset();
+  end();
   start("46003");
   ASSERT_TRUE(widget("Welcome", "lblFeedback")->isVisible());
   messages.answers = {Answer::cancel};
@@ -236,13 +232,7 @@ TEST_F(WelcomeScreen, IsOperatedByTheKeyboardInItsOrder) {
 }
 
 TEST_F(WelcomeScreen, TheSaverRoleWithoutASaverEndsAtOnce) {
-  desk = std::make_unique<Desk>(files);
-  platform =
-      std::make_unique<Platform>(Platform{files, settings, shell, internet, clipboard, messages,
-                                          clock, random, *desk, from_qt(folder.path()), "."});
-  application = std::make_unique<Application>(*platform, "aaaa46000");
-  desk->show_screens_of(application->program().forms);
-  desk->enter([&] { application->start(); });
+  launch("aaaa46000");
   EXPECT_TRUE(application->has_ended());
 }
 

@@ -94,8 +94,7 @@ TEST_F(ScreenPictures, OfTheWayToATest) {
 
 TEST_F(ScreenPictures, OfTheWelcomeScreensOfAllEditions) {
   const auto again = [&](const char* picture) {
-    TearDown();
-    QDir::setCurrent(folder.path());
+    end();
     start("46000");
     take("Welcome", picture);
   };

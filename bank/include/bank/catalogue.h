@@ -51,6 +51,9 @@ struct Catalogue {
   Integer book_edition;
   /// 99 is the layout with the book's cover on the welcome screen.
   Integer book_layout;
+
+  bool is_book_edition() const { return book_edition == 9090; }
+  bool has_cover_layout() const { return book_layout == 99; }
 };
 
 /// What is fixed of an exam before any bank is loaded.

@@ -29,6 +29,12 @@ int longest_entry(const ListBox& list);
 /// Lets a list be scrolled to the end of its longest entry.
 void set_list_scroll_extent(Program& program, ListBox& list);
 
+/// The student's own mail address, kept for all exams; empty when none is known.
+std::string stored_mail_address(const Program& program);
+void keep_mail_address(Program& program, std::string_view address);
+/// Empty when the student cancels.
+std::string ask_for_mail_address(Program& program, std::string_view default_address = {});
+
 /// Plays a media address; whether it can be heard is not told.
 void play_sound(Program& program, std::string_view alias);
 
