@@ -1,9 +1,12 @@
 #include "bank_compiler/command_line.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "bank_compiler/rules.h"
@@ -16,8 +19,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view usage =
-    "bank_compiler --exam EXAM --banks FOLDER --content FOLDER --output FILE [--depfile FILE]\n"
-    "  writes the banks of an exam as C++ tables\n"
+    "bank_compiler --exam EXAM --banks FOLDER --content FOLDER --book FOLDER --output FILE\n"
+    "              [--pages FILE] [--depfile FILE]\n"
+    "  writes the banks of an exam as C++ tables; without the page index of its book,\n"
+    "  all references lead to page 1\n"
     "bank_compiler --check ROOT\n"
     "  checks the banks of all exams under ROOT/data and lists what is still to be written\n";
 
@@ -36,10 +41,11 @@ fs::path bank_file(const fs::path& folder, BankKind kind) {
   return folder / std::string(name_of(kind)).append(".toml");
 }
 
-ExamSource read_exam(const fs::path& banks, Faults& faults) {
+ExamSource read_exam(const fs::path& banks, const fs::path& book, Faults& faults) {
   return {.book = read_bank(bank_file(banks, BankKind::book), BankKind::book, faults),
           .extra = read_bank(bank_file(banks, BankKind::extra), BankKind::extra, faults),
-          .full = read_bank(bank_file(banks, BankKind::full), BankKind::full, faults)};
+          .full = read_bank(bank_file(banks, BankKind::full), BankKind::full, faults),
+          .chapters = read_chapters(book)};
 }
 
 void print(Faults& faults, std::ostream& err) {
@@ -62,12 +68,13 @@ std::string in_depfile(const fs::path& file) {
 
 // Every file whose loss or change can change the outcome.
 std::string depfile_text(const fs::path& output, const fs::path& banks, const fs::path& content,
-                         const ContentFiles& files) {
+                         const ContentFiles& files, const Chapters& chapters) {
   std::string text = in_depfile(output) + ":";
   for (const BankKind kind : {BankKind::book, BankKind::extra, BankKind::full}) {
     text += " \\\n  " + in_depfile(bank_file(banks, kind));
   }
   for (const std::string& file : files) text += " \\\n  " + in_depfile(content / file);
+  for (const fs::path& file : chapters.files) text += " \\\n  " + in_depfile(file);
   return text + "\n";
 }
 
@@ -78,7 +85,10 @@ int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
   Faults faults;
   Shortfalls shortfalls;
   const ContentFiles files = files_in(content);
-  const ExamSource exam = read_exam(banks, faults);
+  ExamSource exam = read_exam(banks, options.at("--book"), faults);
+  if (const auto pages = options.find("--pages"); pages != options.end()) {
+    read_pages(pages->second, exam.chapters, faults);
+  }
   check_exam(exam, plan, files, faults, shortfalls);
   if (!faults.empty()) {
     print(faults, err);
@@ -88,7 +98,10 @@ int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
   if (!write_file(output, write_tables(exam, plan), err)) return 1;
   const auto depfile = options.find("--depfile");
   if (depfile == options.end()) return 0;
-  return write_file(depfile->second, depfile_text(output, banks, content, files), err) ? 0 : 1;
+  return write_file(depfile->second, depfile_text(output, banks, content, files, exam.chapters),
+                    err)
+             ? 0
+             : 1;
 }
 
 int check(const fs::path& root, std::ostream& out, std::ostream& err) {
@@ -98,7 +111,7 @@ int check(const fs::path& root, std::ostream& out, std::ostream& err) {
   std::size_t rows = 0;
   for (const ExamPlan& plan : plans) {
     const fs::path banks = (root / "data" / "banks" / plan.exam).lexically_normal();
-    exams.push_back(read_exam(banks, faults));
+    exams.push_back(read_exam(banks, root / "data" / "books" / plan.exam, faults));
     check_exam(exams.back(), plan, files_in(root / "data" / "exams" / plan.exam), faults,
                shortfalls);
     rows += exams.back().book.rows.size() + exams.back().extra.rows.size();
@@ -119,9 +132,13 @@ int run_options(const Options& options, std::ostream& out, std::ostream& err) {
   if (options.size() == 1 && options.contains("--check")) {
     return check(options.at("--check"), out, err);
   }
-  const bool complete = options.contains("--exam") && options.contains("--banks") &&
-                        options.contains("--content") && options.contains("--output");
-  if (!complete || options.size() > (options.contains("--depfile") ? 5u : 4u)) {
+  constexpr std::array<std::string_view, 5> required{"--exam", "--banks", "--content", "--book",
+                                                     "--output"};
+  constexpr std::array<std::string_view, 2> optional{"--pages", "--depfile"};
+  const auto given = [&](std::string_view option) { return options.contains(option); };
+  const auto known =
+      std::ranges::count_if(required, given) + std::ranges::count_if(optional, given);
+  if (!std::ranges::all_of(required, given) || std::cmp_not_equal(known, options.size())) {
     err << usage;
     return 2;
   }

@@ -86,6 +86,7 @@ void check_exam(const ExamSource& exam, const ExamPlan& plan, const ContentFiles
     check_rows(*bank, plan, content, faults);
   }
   check_full(exam, plan, faults);
+  check_sections(exam, plan, faults, shortfalls);
   check_counts(exam, plan, faults, shortfalls);
 }
 

@@ -108,17 +108,6 @@ bool has_explanation(const RowSource& row) {
   return row.explanation.value && !is_blank(*row.explanation.value);
 }
 
-void check_reference(const RowSource& row, const Reporter& report) {
-  if (!row.reference.value || row.reference.value->empty()) return;
-  const std::string_view reference = *row.reference.value;
-  const auto end = reference.find("##");
-  const std::string_view page = reference.substr(0, end);
-  const auto page_digits = std::min(page.find_first_not_of(digits), page.size());
-  const std::string_view behind = page.substr(page_digits);
-  if (end != reference.npos && page_digits > 0 && (behind.empty() || behind == "/")) return;
-  report(row.reference.line, "a reference is a page, ## and a heading", in_quotes(reference));
-}
-
 void check_files(const RowSource& row, const ContentFiles& content, const Reporter& report) {
   check_list_length(row.exhibits, "exhibits", report);
   check_list_length(row.diagrams, "diagrams", report);

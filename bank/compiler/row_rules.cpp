@@ -30,7 +30,7 @@ void check_texts(const RowSource& row, const Reporter& report) {
     report(row.question.line, "a question must not be blank", in_quotes(*row.question.value));
   }
   check_text(row.explanation, {.name = "the explanation", .most_characters = 8090}, report);
-  check_text(row.reference, {.name = "the reference", .entities = false}, report);
+  check_text(row.section, {.name = "the section", .entities = false}, report);
   check_text(row.clue,
              {.name = "the clue", .most_characters = 5260, .entities = false, .line_breaks = true},
              report);
@@ -172,7 +172,6 @@ void check_rows(const BankSource& bank, const ExamPlan& plan, const ContentFiles
     check_texts(row, report);
     check_answers(row, report);
     check_correct(row, report);
-    check_reference(row, report);
     check_marker(row, report);
     check_files(row, content, report);
     check_place(row, bank, plan, fill_ins, report);

@@ -163,7 +163,8 @@ RowSource read_row(const toml::table& table, int line, const Reporter& report) {
   reader.take("question", Need::required, row.question);
   reader.take("answers", Need::required, row.answers);
   reader.take("correct", Need::optional, row.correct);
-  reader.take("reference", Need::optional, row.reference);
+  reader.take("section", Need::optional, row.section);
+  reader.take("reference_form", Need::optional, row.reference_form);
   reader.take("explanation", Need::optional, row.explanation);
   reader.take("clue", Need::optional, row.clue);
   reader.take("exhibits", Need::optional, row.exhibits);

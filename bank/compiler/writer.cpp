@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "bank_compiler/reference.h"
 #include "bank_compiler/row_form.h"
 #include "bank_compiler/text_rules.h"
 
@@ -36,7 +37,7 @@ std::string flags(const NumberList& correct) {
   return text;
 }
 
-std::string row_in_cpp(const RowSource& row) {
+std::string row_in_cpp(const RowSource& row, const Chapters& chapters) {
   return "    {.question_text = " + view(row.question) +
          ",\n     .answers = " + views(row.answers) + ",\n     .correct = " + flags(row.correct) +
          ",\n     .explanation = " + view(row.explanation) +
@@ -44,7 +45,7 @@ std::string row_in_cpp(const RowSource& row) {
          ",\n     .diagrams = " + views(row.diagrams) +
          ",\n     .exhibits = " + views(row.exhibits) +
          ",\n     .clue = " + view(with_crlf(row.clue.value.value_or(""))) +
-         ",\n     .book_reference = " + view(row.reference) +
+         ",\n     .book_reference = " + view(reference_of(row, chapters)) +
          ",\n     .category = " + std::to_string(row.category.value.value_or(1)) + "},\n";
 }
 
@@ -65,9 +66,9 @@ std::string categories_in_cpp(const BankSource& bank) {
                       bank.head.categories.entries.size(), entries);
 }
 
-std::string rows_in_cpp(const BankSource& bank) {
+std::string rows_in_cpp(const BankSource& bank, const Chapters& chapters) {
   std::string entries;
-  for (const RowSource& row : bank.rows) entries += row_in_cpp(row);
+  for (const RowSource& row : bank.rows) entries += row_in_cpp(row, chapters);
   return array_in_cpp("BankRow", std::string(name_of(bank.kind)) + "_rows", bank.rows.size(),
                       entries);
 }
@@ -131,7 +132,8 @@ std::string write_tables(const ExamSource& exam, const ExamPlan& plan) {
   for (const BankSource* bank : {&exam.book, &exam.extra, &exam.full}) {
     text += categories_in_cpp(*bank);
   }
-  text += rows_in_cpp(exam.book) + rows_in_cpp(exam.extra) + changes_in_cpp(exam.full);
+  text += rows_in_cpp(exam.book, exam.chapters) + rows_in_cpp(exam.extra, exam.chapters) +
+          changes_in_cpp(exam.full);
   text += "}  // namespace\n\nconstinit const ExamBanks " + std::string(plan.exam) + "_banks{\n";
   for (const BankSource* bank : {&exam.book, &exam.extra, &exam.full}) text += head_in_cpp(*bank);
   return text +

@@ -13,6 +13,7 @@
 
 #include "bank_compiler/command_line.h"
 #include "bank_compiler/plan.h"
+#include "bank_compiler/reference.h"
 #include "bank_compiler/rules.h"
 #include "bank_compiler/source.h"
 #include "bank_compiler/text_form.h"
@@ -38,7 +39,7 @@ type = "single_answer"
 question = "Which one?"
 answers = ["This", "That"]
 correct = [2]
-reference = "31##Frames and Fields"
+section = "Frames and Fields"
 
 [[row]]
 category = 2
@@ -46,6 +47,7 @@ type = "multi_answer"
 question = "Which two?"
 answers = ["One", "Two", "Three"]
 correct = [1, 3]
+section = "Routes of Last Resort"
 )";
 
 constexpr std::string_view good_extra = R"([head]
@@ -97,6 +99,10 @@ extra_row = 3
 category = 2
 )";
 
+constexpr std::string_view chapter_1 =
+    "# Frames\n\n## Frames and Fields\n\nText.\n\n```\n## no heading\n```\n\n## Gaps\nText.\n";
+constexpr std::string_view chapter_2 = "# Routes\n\n## Routes of Last Resort\n\n## Next Hops";
+
 constexpr ExamPlan small_plan{.exam = "heron",
                               .book_rows = 2,
                               .extra_rows = 3,
@@ -124,6 +130,9 @@ Outcome check(std::string_view book, std::string_view extra, std::string_view fu
   outcome.exam = {.book = parse_bank(book, "book.toml", BankKind::book, outcome.faults),
                   .extra = parse_bank(extra, "extra.toml", BankKind::extra, outcome.faults),
                   .full = parse_bank(full, "full.toml", BankKind::full, outcome.faults)};
+  add_sections(chapter_1, 1, outcome.exam.chapters);
+  add_sections(chapter_2, 2, outcome.exam.chapters);
+  outcome.exam.chapters.files = {"01.md", "02.md"};
   check_exam(outcome.exam, plan, small_content, outcome.faults, outcome.shortfalls);
   sort_by_place(outcome.faults);
   return outcome;
@@ -192,14 +201,17 @@ const std::string row_key_rule = "[[row]] must have every key that is not option
 const std::string change_key_rule = "[[change]] must have every key that is not optional: ";
 const std::string control_rule = "text must have no tab or control character: ";
 const std::string tag_rule = "the only tag is <br>, other angle brackets are &lt; and &gt;: ";
+const std::string own_chapter_rule =
+    "a question of a book bank names a section of its own chapter: ";
 const std::string entity_rule =
     "an ampersand begins &lt; &gt; &amp; &quot; &nbsp; or a number, else it is &amp;: ";
 
 INSTANTIATE_TEST_SUITE_P(
     InTheFormOfASource, TheBankCompilerRefuses,
     testing::ValuesIn(std::vector<Rule>{
-        {"AKeyOfARowThatNobodyKnows", book,
-         "reference =", "referense =", "book.toml:15: unknown key in [[row]]: \"referense\"\n"},
+        {"AKeyOfARowThatNobodyKnows", book, "correct = [1, 3]\n",
+         "correct = [1, 3]\nreference = \"31##\"\n",
+         "book.toml:23: unknown key in [[row]]: \"reference\"\n"},
         {"AKeyOfAHeadThatNobodyKnows", book, "exam_title", "title = 1\nexam_title",
          "book.toml:4: unknown key in [head]: \"title\"\n"},
         {"RowsInAFullBank", full, "category = 2", "category = 2\n[[row]]",
@@ -253,8 +265,9 @@ INSTANTIATE_TEST_SUITE_P(
              "book.toml:12: " + tag_rule + "the question has \">Which<br>one?\"\n"},
         {"AnAngleBracketInAClue", extra, "Switch#vtp", "Switch>vtp",
          "extra.toml:32: " + tag_rule + "the clue has \">vtp mode transparent\\x0ASwitch#\"\n"},
-        {"AnAngleBracketInAReference", book, "Frames and Fields", "Frames > Fields",
-         "book.toml:15: " + tag_rule + "the reference has \"> Fields\"\n"},
+        {"AnAngleBracketInASection", book, "Frames and Fields", "Frames > Fields",
+         "book.toml:15: " + tag_rule + "the section has \"> Fields\"\n" +
+             "book.toml:15: a question names a section of the book: \"Frames > Fields\"\n"},
         {"AnAmpersandInAQuestion", book, "Which one?", "&lt;&gt;&quot;&nbsp;&#38;&#x26; A&B;?",
          "book.toml:12: " + entity_rule + "the question has \"&B;?\"\n"},
         {"AnAmpersandInAnAnswer", book, "\"This\"", "\"AT&T\"",
@@ -318,14 +331,17 @@ INSTANTIATE_TEST_SUITE_P(
     InTheChoicesOfARow, TheBankCompilerRefuses,
     testing::ValuesIn(std::vector<Rule>{
         {"ACategoryAboveTheList", book, "category = 2", "category = 3",
-         "book.toml:18: a category must be 1 to 2: 3\n"},
+         "book.toml:18: a category must be 1 to 2: 3\nbook.toml:23: " + own_chapter_rule +
+             "\"Routes of Last Resort\" of chapter 2\n"},
         {"CategoryZero", book, "category = 1", "category = 0",
-         "book.toml:10: a category must be 1 to 2: 0\n"},
-        {"ACategoryThatFalls", book, "[2]\nreference = \"31##Frames and Fields\"\n",
-         "[2]\n[[row]]\ncategory = 2\ntype = \"single_answer\"\nquestion = \"And?\"\n"
-         "answers = [\"x\"]\ncorrect = [1]\n[[row]]\ncategory = 1\ntype = \"single_answer\"\n"
-         "question = \"Or?\"\nanswers = [\"x\"]\ncorrect = [1]\n",
-         "book.toml:22: the category never falls in a book bank: 1 after 2\n",
+         "book.toml:10: a category must be 1 to 2: 0\nbook.toml:15: " + own_chapter_rule +
+             "\"Frames and Fields\" of chapter 1\n"},
+        {"ACategoryThatFalls", book, "[2]\nsection = \"Frames and Fields\"\n",
+         "[2]\nsection = \"Gaps\"\n[[row]]\ncategory = 2\ntype = \"single_answer\"\n"
+         "question = \"And?\"\nanswers = [\"x\"]\ncorrect = [1]\nsection = \"Next Hops\"\n"
+         "[[row]]\ncategory = 1\ntype = \"single_answer\"\nquestion = \"Or?\"\n"
+         "answers = [\"x\"]\ncorrect = [1]\nsection = \"Gaps\"\n",
+         "book.toml:24: the category never falls in a book bank: 1 after 2\n",
          planned([](ExamPlan& plan) { plan.book_rows = 4; })},
         {"ATypeThatNobodyKnows", book, "multi_answer", "no_reorder",
          "book.toml:19: the type is single_answer, multi_answer or fill_in_the_blank: "
@@ -358,10 +374,22 @@ INSTANTIATE_TEST_SUITE_P(
          "book.toml:9: single_answer has exactly one correct answer: 0\n"},
         {"AMultiAnswerWithOne", book, "[1, 3]", "[3]",
          "book.toml:22: multi_answer has two or more correct answers: 1\n"},
-        {"AReferenceWithoutAPage", book, "31##", "p31##",
-         "book.toml:15: a reference is a page, ## and a heading: \"p31##Frames and Fields\"\n"},
-        {"AReferenceWithoutItsMark", book, "31##", "31#",
-         "book.toml:15: a reference is a page, ## and a heading: \"31#Frames and Fields\"\n"},
+        {"ABookRowWithoutASection", book, "section = \"Frames and Fields\"\n", "",
+         "book.toml:9: every question of a book bank names its section: none\n"},
+        {"ASectionThatIsNotInTheBook", book, "Frames and Fields", "Frames and Feelds",
+         "book.toml:15: a question names a section of the book: \"Frames and Feelds\"\n"},
+        {"ASectionOfAnotherChapter", book, "Frames and Fields", "Next Hops",
+         "book.toml:15: a question of a book bank names a section of its own chapter: "
+         "\"Next Hops\" of chapter 2\n"},
+        {"ASectionInTheExtraBankThatIsNotInTheBook", extra, "explanation = \"Two and two.\"",
+         "explanation = \"Two and two.\"\nsection = \"Sums\"",
+         "extra.toml:15: a question names a section of the book: \"Sums\"\n"},
+        {"AnUnknownFormOfAReference", book, "\nsection = \"Frames and Fields\"",
+         "\nreference_form = \"line\"\nsection = \"Frames and Fields\"",
+         "book.toml:15: the form of a reference is heading, blank, page or none: \"line\"\n"},
+        {"AFormOfAReferenceToNothing", extra, "explanation = \"Two and two.\"",
+         "explanation = \"Two and two.\"\nreference_form = \"page\"",
+         "extra.toml:15: the form of a reference needs a section: none\n"},
         {"AQuestionThatStandsTwice", book, "Which two?", "Which one?",
          "book.toml:20: no question stands twice in a bank: the same text in the row of line 9\n"},
         {"AQuestionOfTheBookInTheExtraBank", extra, "How many?", "Which two?",
@@ -378,9 +406,10 @@ INSTANTIATE_TEST_SUITE_P(
         {"AnExplanationInABookWithout", book, "[1, 3]", "[1, 3]\nexplanation = \"So.\"",
          "book.toml:23: this book bank has no explanations: explanation 1\n"},
         {"OneExplanationTooMany", book, "[1, 3]",
-         "[1, 3]\nexplanation = \"So.\"\n[[row]]\ncategory = 2\ntype = \"single_answer\"\n"
-         "question = \"And?\"\nanswers = [\"x\"]\ncorrect = [1]\nexplanation = \"So.\"",
-         "book.toml:30: this book bank has at most 1 explanations: explanation 2\n",
+         "[1, 3]\nexplanation = \"So.\"\nsection = \"Next Hops\"\n[[row]]\ncategory = 2\n"
+         "type = \"single_answer\"\nquestion = \"And?\"\nanswers = [\"x\"]\ncorrect = [1]\n"
+         "explanation = \"So.\"",
+         "book.toml:31: this book bank has at most 1 explanations: explanation 2\n",
          planned([](ExamPlan& plan) {
            plan.book_rows = 3;
            plan.book_explanations = 1;
@@ -445,7 +474,8 @@ INSTANTIATE_TEST_SUITE_P(
         {"MoreRowsThanPlanned", extra, "", "", "extra.toml:16: the plan has 1 rows here: 3\n",
          planned([](ExamPlan& plan) { plan.extra_rows = 1; })},
         {"MoreRowsInTheFirstChapterThanPlanned", book, "category = 2", "category = 1",
-         "book.toml:17: the plan has 1 rows in category 1 here: 2\n",
+         "book.toml:17: the plan has 1 rows in category 1 here: 2\nbook.toml:23: " +
+             own_chapter_rule + "\"Routes of Last Resort\" of chapter 2\n",
          planned([](ExamPlan& plan) { plan.first_chapter_rows = 1; })},
     }),
     name_of_rule);
@@ -508,10 +538,30 @@ TEST(TheBankCompiler, TakesLineEndsOfBothKindsInAClueAndWritesThemAlike) {
       std::string::npos);
 }
 
-TEST(TheBankCompiler, TakesEveryFormOfAReference) {
-  for (const char* reference : {"", "205##", "44## Layer 2 Switching", "408/##Networks"}) {
-    EXPECT_EQ(joined(check_change(book, "31##Frames and Fields", reference).faults), "");
+TEST(TheBankCompiler, WritesAReferenceInEachOfItsForms) {
+  RowSource row;
+  row.section.value = "Next Hops";
+  Chapters chapters;
+  add_sections(chapter_2, 2, chapters);
+  EXPECT_EQ(reference_of(row, chapters), "1##Next Hops") << "of a book that is not set";
+  chapters.sections.at("Next Hops").page = 44;
+  for (const auto& [form, reference] : {std::pair{"heading", "44##Next Hops"},
+                                        {"blank", "44## Next Hops"},
+                                        {"page", "44##"},
+                                        {"none", ""}}) {
+    row.reference_form.value = form;
+    EXPECT_EQ(reference_of(row, chapters), reference);
   }
+  EXPECT_EQ(reference_of(RowSource{}, chapters), "");
+}
+
+TEST(TheBankCompiler, TakesAnySectionWhileTheBookIsNotYetWhole) {
+  ExamPlan plan = small_plan;
+  plan.book_categories = 3;
+  const Outcome outcome = check_change(book, "\nsection = \"Frames and Fields\"",
+                                       "\nsection = \"Still to Come\"", plan);
+  EXPECT_EQ(joined(outcome.faults).find("Still to Come"), std::string::npos);
+  EXPECT_EQ(outcome.shortfalls[0], "heron text: 2 of 3 chapters");
 }
 
 TEST(TheBankCompiler, ReportsAllFaultsOfAllBanksAtOnce) {
@@ -675,7 +725,7 @@ TEST(TheBankCompiler, WritesARowWithAllThatItHolds) {
      .diagrams = {},
      .exhibits = {},
      .clue = {},
-     .book_reference = {},
+     .book_reference = "1##Routes of Last Resort"sv,
      .category = 2},
 )"),
             std::string::npos);
@@ -746,10 +796,15 @@ class TheBankCompilerProgram : public testing::Test {
   int compile_falco() {
     const std::string banks = (root_ / "data/banks/falco").string();
     const std::string content = (root_ / "data/exams/falco").string();
+    const std::string book_folder = (root_ / "data/books/falco").string();
+    const std::string pages = (root_ / "pages.toml").string();
     const std::string output = (root_ / "made here/falco.cpp").string();
     const std::string depfile = output + ".d";
-    return call({"--exam", "falco", "--banks", banks, "--content", content, "--output", output,
-                 "--depfile", depfile});
+    std::vector<std::string_view> arguments{"--exam",    "falco", "--banks",   banks,
+                                            "--content", content, "--book",    book_folder,
+                                            "--output",  output,  "--depfile", depfile};
+    if (fs::exists(pages)) arguments.insert(arguments.end(), {"--pages", pages});
+    return call(arguments);
   }
 
   fs::path root_;
@@ -771,7 +826,8 @@ TEST_F(TheBankCompilerProgram, ChecksAllExamsAndSumsThemUp) {
   for (const ExamPlan& plan : plans) write_exam(plan);
   EXPECT_EQ(call({"--check", root_.native()}), 0);
   EXPECT_EQ(err_.str(), "");
-  EXPECT_TRUE(out_.str().starts_with("falco book: 0 of 242 rows\n")) << out_.str();
+  EXPECT_TRUE(out_.str().starts_with("falco text: 0 of 20 chapters\nfalco book: 0 of 242 rows\n"))
+      << out_.str();
   EXPECT_TRUE(out_.str().ends_with("21 banks, 0 rows, no rule broken\n")) << out_.str();
 }
 
@@ -810,6 +866,32 @@ TEST_F(TheBankCompilerProgram, WritesTablesAndWhatTheyDependOn) {
   EXPECT_NE(depfile.find("data/exams/falco/x\\ 1.txt"), std::string::npos) << depfile;
 }
 
+TEST_F(TheBankCompilerProgram, TakesThePagesOfReferencesFromTheBook) {
+  write_exam(*plan_of("falco"));
+  const fs::path bank = "data/banks/falco/book.toml";
+  write(bank, read(bank) +
+                  "[[row]]\ncategory = 1\ntype = \"single_answer\"\nquestion = \"Which?\"\n"
+                  "answers = [\"This\", \"That\"]\ncorrect = [1]\nsection = \"Gaps\"\n");
+  write("data/books/falco/01.md", chapter_1);
+  write("pages.toml",
+        "[[chapter]]\nnumber = 1\nsections = [{ heading = \"Frames and Fields\", page = 9 },\n"
+        "  { heading = \"Gaps\", page = 12 }]\n");
+  ASSERT_EQ(compile_falco(), 0) << err_.str();
+  EXPECT_NE(read("made here/falco.cpp").find("\"12##Gaps\"sv"), std::string::npos);
+  EXPECT_NE(read("made here/falco.cpp.d").find("data/books/falco/01.md"), std::string::npos);
+
+  const std::string index = (root_ / "pages.toml").generic_string();
+  write("pages.toml", "[[chapter]]\nsections = [{ heading = \"Gaps\", page = 12 }, 5]\n");
+  EXPECT_EQ(compile_falco(), 1);
+  EXPECT_EQ(err_.str(), index +
+                            ": every section of the book is in its page index: "
+                            "\"Frames and Fields\"\n");
+  write("pages.toml", "[[chapter]\n");
+  EXPECT_EQ(compile_falco(), 1);
+  EXPECT_TRUE(err_.str().starts_with(index + ":1: this must be the page index of a book: "))
+      << err_.str();
+}
+
 TEST_F(TheBankCompilerProgram, LeavesNoOldTablesBehindAFault) {
   write_exam(*plan_of("falco"));
   ASSERT_EQ(compile_falco(), 0) << err_.str();
@@ -831,9 +913,11 @@ TEST_F(TheBankCompilerProgram, ExplainsItselfWhenArgumentsMakeNoSense) {
            {},
            {"--check"},
            {"--check", ""},
-           {"--exam", "falco", "--banks", "a", "--content", "b"},
-           {"--exam", "owl", "--banks", "a", "--content", "b", "--output", "c"},
-           {"--exam", "falco", "--banks", "a", "--content", "b", "--output", "c", "--more", "d"},
+           {"--exam", "falco", "--banks", "a", "--content", "b", "--book", "c"},
+           {"--exam", "falco", "--banks", "a", "--content", "b", "--output", "c"},
+           {"--exam", "owl", "--banks", "a", "--content", "b", "--book", "c", "--output", "d"},
+           {"--exam", "falco", "--banks", "a", "--content", "b", "--book", "c", "--output", "d",
+            "--more", "e"},
            {"--check", "a", "--exam", "falco"}}) {
     EXPECT_EQ(call(arguments), 2);
     EXPECT_NE(err_.str().find("bank_compiler --check ROOT"), std::string::npos);

@@ -1,4 +1,4 @@
-// The form of single parts of a row: reference, files, and the questions that are answered in a
+// The form of single parts of a row: files, and the questions that are answered in a
 // program of their own.
 #pragma once
 
@@ -17,7 +17,6 @@ bool is_marker(std::string_view diagram);
 
 bool has_explanation(const RowSource& row);
 
-void check_reference(const RowSource& row, const Reporter& report);
 void check_files(const RowSource& row, const ContentFiles& content, const Reporter& report);
 void check_drag_and_drop(const RowSource& row, const Reporter& report);
 void check_simulator(const RowSource& row, const Reporter& report);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "bank_compiler/chapters.h"
 #include "bank_compiler/fault.h"
 #include "bank_compiler/plan.h"
 #include "bank_compiler/source.h"
@@ -17,6 +18,7 @@ struct ExamSource {
   BankSource book{.kind = BankKind::book};
   BankSource extra{.kind = BankKind::extra};
   BankSource full{.kind = BankKind::full};
+  Chapters chapters{};
 };
 
 /// Names of the files in the exam's content folder.
@@ -30,6 +32,10 @@ void check_head(const BankSource& bank, const ExamPlan& plan, Faults& faults);
 /// Each row for itself, and what the rows of one bank must not do together.
 void check_rows(const BankSource& bank, const ExamPlan& plan, const ContentFiles& content,
                 Faults& faults);
+
+/// The section that each row names. While chapters are missing, any will do.
+void check_sections(const ExamSource& exam, const ExamPlan& plan, Faults& faults,
+                    Shortfalls& shortfalls);
 
 /// The full bank against the extra bank, and no question twice in the two banks it joins.
 void check_full(const ExamSource& exam, const ExamPlan& plan, Faults& faults);

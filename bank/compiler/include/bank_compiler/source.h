@@ -55,7 +55,10 @@ struct RowSource {
   TextList answers{};
   /// From 1.
   NumberList correct{};
-  TextEntry reference{};
+  /// The heading of the section of the book that answers the question.
+  TextEntry section{};
+  /// How the reference to it is written: heading, blank, page or none.
+  TextEntry reference_form{};
   TextEntry explanation{};
   TextEntry clue{};
   TextList exhibits{};
