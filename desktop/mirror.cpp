@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -27,24 +28,30 @@ namespace {
 // A caption as a screen reader says it.
 QString spoken(const std::string& caption) { return to_qt(caption).remove(u'&').trimmed(); }
 
-// Where a double click on a line does something, Enter does the same.
+// Where a double click does something, beside the lines too, Enter does the same.
 class ChoosingList : public QListWidget {
  public:
-  ChoosingList(QWidget* parent, bool answers_to_double_clicks)
-      : QListWidget(parent), answers_(answers_to_double_clicks) {}
+  /// An empty `answer` leaves both to the list.
+  ChoosingList(QWidget* parent, std::function<void()> answer)
+      : QListWidget(parent), answer_(std::move(answer)) {}
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!is_enter || !answers_) {
+    if (is_enter && answer_) {
+      answer_();
+    } else {
       QListWidget::keyPressEvent(event);
-    } else if (currentItem() != nullptr) {
-      emit itemDoubleClicked(currentItem());
     }
   }
 
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    QListWidget::mouseDoubleClickEvent(event);
+    if (answer_) answer_();
+  }
+
  private:
-  bool answers_;
+  std::function<void()> answer_;
 };
 
 template <class Widget>
@@ -145,7 +152,9 @@ QWidget* ScreenWindow::make(const ControlEntry& entry, TextBox& control, Part& p
 }
 
 QWidget* ScreenWindow::make(const ControlEntry& entry, ListBox& control, Part& part) {
-  auto* list = new ChoosingList(centralWidget(), static_cast<bool>(entry.double_click));
+  std::function<void()> answer;
+  if (entry.double_click) answer = [this, &entry] { run(entry.double_click); };
+  auto* list = new ChoosingList(centralWidget(), std::move(answer));
   list->setSelectionMode(control.multi_select ? QAbstractItemView::ExtendedSelection
                                               : QAbstractItemView::SingleSelection);
   list->setUniformItemSizes(true);
@@ -162,7 +171,6 @@ QWidget* ScreenWindow::make(const ControlEntry& entry, ListBox& control, Part& p
       if (entry.click) entry.click();
     });
   });
-  connect(list, &QListWidget::itemDoubleClicked, this, [this, &entry] { run(entry.double_click); });
   part.mirror = [list, &control, shown = std::vector<std::string>()]() mutable {
     if (shown != control.items) {
       shown = control.items;

@@ -40,24 +40,26 @@ void choose_book(Program& program) {
 
 std::string make_pdf_page(Program& program, std::string_view page, const std::string& file) {
   std::string name = file + ".hta";
-  program.platform.files.write(name, pdf_page(page, file) + std::string(crlf));
+  const std::string_view edition =
+      program.catalogue.is_book_edition() ? "Brightwater Press " : std::string_view();
+  program.platform.files.write(name, pdf_page(page, file, edition) + std::string(crlf));
   return name;
 }
 
 }  // namespace
 
-std::string pdf_page(std::string_view page, std::string_view file) {
-  const std::string text =
-      "\r\n<html><head><title>Brightwater Press PDF Viewer   </title></head>"
-      "\r\n<body bgcolor='#FFFFFF'><OBJECT id=PDF height=100% width=100% "
-      "classid='clsid:CA8A9780-280D-11CF-A24D-444553540000'>"
-      "\r\n<PARAM NAME='SRC' VALUE='ZZFILE'>"
-      "\r\n</OBJECT> <script language=javascript>"
-      "\r\nPDF.setLayoutMode('PDFLayoutOneColumn');"
-      "\r\nPDF.setZoom('100');"
-      "\r\nPDF.setShowScrollbars(true);"
-      "\r\nPDF.setCurrentPage(ZZPAGENUM);"
-      "\r\n</script></body></html>";
+std::string pdf_page(std::string_view page, std::string_view file, std::string_view edition) {
+  const std::string text = "\r\n<html><head><title>" + std::string(edition) +
+                           "PDF Viewer   </title></head>"
+                           "\r\n<body bgcolor='#FFFFFF'><OBJECT id=PDF height=100% width=100% "
+                           "classid='clsid:CA8A9780-280D-11CF-A24D-444553540000'>"
+                           "\r\n<PARAM NAME='SRC' VALUE='ZZFILE'>"
+                           "\r\n</OBJECT> <script language=javascript>"
+                           "\r\nPDF.setLayoutMode('PDFLayoutOneColumn');"
+                           "\r\nPDF.setZoom('100');"
+                           "\r\nPDF.setShowScrollbars(true);"
+                           "\r\nPDF.setCurrentPage(ZZPAGENUM);"
+                           "\r\n</script></body></html>";
   return replace_all(replace_all(text, "ZZPAGENUM", trim(page)), "ZZFILE", file);
 }
 
@@ -75,11 +77,14 @@ void open_book(Program& program) {
   // A page number of four digits or more is not read.
   const std::string& reference = program.current_question.book_reference;
   const auto place = reference.find("##");
-  if (place == std::string::npos || place < 4) program.pages.book_page = page_of(reference);
+  const bool is_read =
+      place == std::string::npos || character_count(reference.substr(0, place)) < 4;
+  if (is_read) program.pages.book_page = page_of(reference);
   if (program.pages.book_page.empty()) return;
   std::string page = book + ".hta";
   skip([&] { page = make_pdf_page(program, program.pages.book_page, book); });
-  const int code = open_document_in(program, page, {});
+  int code = 0;
+  skip([&] { code = open_document_in(program, page, {}); });
   if (code == no_program_for_the_file) {
     offer_pdf_reader(program);
   } else if (code < 33) {

@@ -87,7 +87,11 @@ void FinalScore::load() {
   run_.timed_run = timer_off;
   // No exam of this edition is a partner publisher's, the one that mails results from here.
   cmdEmailResults.visible = program_.branding.partner_edition == partner_publisher;
-  trap([&] { begin_testing_log(program_); });
+  bool log_is_new = false;
+  trap([&] {
+    begin_testing_log(program_);
+    log_is_new = true;
+  });
   cmd_retake.visible = true;
   caption = "Practice Test Results for: " + program_.catalogue.exam_title;
   trap([&] { program_.forms.unload(Form::quest); });
@@ -112,7 +116,10 @@ void FinalScore::load() {
   if (missed_count_ == 0) cmd_retake.visible = false;
   fill_category_table(trap);
   fill_wrong_list(trap);
-  trap([&] { end_testing_log(program_); });
+  // What can not be made anew would grow behind an old report.
+  if (!log_is_new) return;
+  trap([&] { log_wrong_questions(program_); });
+  trap([&] { log_correct_questions(program_); });
 }
 
 void FinalScore::calc_list() {
@@ -199,15 +206,15 @@ void FinalScore::open_question() {
 
 void FinalScore::retake() {
   run_.retake_quiz = run_.selected_quiz;
-  program_.forms.load(Form::pick_a_quiz);
-  program_.forms.hide(Form::finalscore);
-  program_.forms.unload(Form::finalscore);
+  skip([&] { program_.forms.load(Form::pick_a_quiz); });
+  skip([&] { program_.forms.hide(Form::finalscore); });
+  skip([&] { program_.forms.unload(Form::finalscore); });
 }
 
 void FinalScore::quit_to_menu() {
-  program_.forms.show(Form::Welcome);
-  program_.handover->return_to_options();
-  program_.forms.hide(Form::finalscore);
+  skip([&] { program_.forms.show(Form::Welcome); });
+  skip([&] { program_.handover->return_to_options(); });
+  skip([&] { program_.forms.hide(Form::finalscore); });
 }
 
 void FinalScore::view_history() {

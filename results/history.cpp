@@ -62,10 +62,10 @@ void FinalScore::save_history() {
     return;
   }
   skip([&] { files.write("temp.hist", history); });
+  std::string percent = "0";
+  skip([&] { percent = trimmed_text_form(percent_of(run_.right_count, run_.question_total)); });
   std::string entry;
   skip([&] {
-    const std::string percent =
-        trimmed_text_form(percent_of(run_.right_count, run_.question_total));
     entry = "<p><b> " + program_.catalogue.quiz_button_names[run_.selected_quiz] +
             " Results:</b><br>" + percent + "%&nbsp;&nbsp;(" + trimmed_text_form(run_.right_count) +
             "/" + trimmed_text_form(run_.question_total) +

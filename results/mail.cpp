@@ -122,7 +122,8 @@ void mail_question_report(Program& program) {
                   WindowShow::normal);
     return;
   }
-  const std::string student = stored_mail_address(program);
+  std::string student;
+  skip([&] { student = stored_mail_address(program); });
   open_document(program,
                 replace_all(std::string(addresses::mail_script) + "?author=" +
                                 catalogue.author_address + "&email=" + student + "&subj=" + subject,

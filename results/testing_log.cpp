@@ -27,13 +27,16 @@ void begin_testing_log(Program& program) {
   program.platform.files.write(log_file, report);
 }
 
-void end_testing_log(Program& program) {
+void log_wrong_questions(Program& program) {
   const TestRun& run = program.test_run;
   std::string wrong =
       "NUMBER WRONG: " + trimmed_text_form(run.wrong_list.count) + "\r\n" + "Wrong Questions: \r\n";
   for (int i = 0; i <= MAX_QUESTIONS; ++i) wrong += on_one_line(run.wrong_list.rows[i]);
-  program.platform.files.append(log_file, wrong);
+  program.platform.files.append(log_file, wrong.append(crlf));
+}
 
+void log_correct_questions(Program& program) {
+  const TestRun& run = program.test_run;
   std::string correct = "Correct Questions\r\n";
   for (int k = 1; k <= run.question_total; ++k) {
     const int row = row_of_position(run, k);

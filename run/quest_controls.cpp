@@ -197,7 +197,7 @@ void Quest::list_menus() {
 
   list_menu("", "mnu_emailsettings", mnu_emailsettings);
   list_menu("mnu_emailsettings", "mnu_outlookexpress", mnu_outlookexpress).on_click([this] {
-    keep_mail_kind("outlook");
+    mail_by_program();
   });
   list_menu("mnu_emailsettings", "mnu_webmail", mnu_webmail).on_click([this] { mail_by_web(); });
   list_menu("mnu_emailsettings", "mnu_changeemailadd", mnu_changeemailadd).on_click([this] {

@@ -59,27 +59,31 @@ void Quest::put_answer(std::string_view position) {
 void Quest::keep_mail_kind(std::string_view kind) {
   mnu_outlookexpress.checked = kind == "outlook";
   mnu_webmail.checked = kind == "web";
-  program_.options.mail_kind = kind;
   skip([&] { save_option(program_, "mailtype", kind); });
+}
+
+void Quest::mail_by_program() {
+  keep_mail_kind("outlook");
+  program_.options.mail_kind = "outlook";
 }
 
 // The web script answers to the student's own address, so there is no way on without one.
 void Quest::mail_by_web() {
   keep_mail_kind("web");
-  skip([&] {
-    std::string address = stored_mail_address(program_);
-    if (!address.empty()) return;
+  std::string address;
+  skip([&] { address = stored_mail_address(program_); });
+  if (address.empty()) {
     while (address.empty()) address = ask_for_mail_address(program_);
-    keep_mail_address(program_, address);
-  });
+    skip([&] { keep_mail_address(program_, address); });
+  }
+  program_.options.mail_kind = "web";
 }
 
 void Quest::change_mail_address() {
-  skip([&] {
-    const std::string old_address = stored_mail_address(program_);
-    const std::string address = ask_for_mail_address(program_, old_address);
-    keep_mail_address(program_, address.empty() ? old_address : address);
-  });
+  std::string old_address;
+  skip([&] { old_address = stored_mail_address(program_); });
+  const std::string address = ask_for_mail_address(program_, old_address);
+  skip([&] { keep_mail_address(program_, address.empty() ? old_address : address); });
 }
 
 void Quest::print_question() {

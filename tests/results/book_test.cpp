@@ -53,11 +53,21 @@ TEST_F(BookTest, OpensAtThePageOfTheReference) {
   EXPECT_TRUE(boxes().empty());
 }
 
+TEST_F(BookTest, OnlyTheBookEditionHasItsPublisherInTheViewersTitle) {
+  robot.program().catalogue.book_edition = 0;
+  review("284##Modifying STP Timers");
+  EXPECT_NE(file(viewer_page).find("<title>PDF Viewer   </title>"), std::string::npos);
+}
+
 TEST_F(BookTest, ReadsThePageOfEveryKindOfReference) {
   const struct {
     const char* reference;
     const char* page;
-  } cases[] = {{"305##", "305"}, {" 7 ##Blanks", "7"}, {"40/##Odd page", "40/"}, {"1##A##B", "1"}};
+  } cases[] = {{"305##", "305"},
+               {" 7 ##Blanks", "7"},
+               {"40/##Odd page", "40/"},
+               {"1##A##B", "1"},
+               {"é##Signs", "é"}};
   for (const auto& expected : cases) {
     review(expected.reference);
     EXPECT_NE(file(viewer_page).find("PDF.setCurrentPage(" + std::string(expected.page) + ");"),

@@ -269,6 +269,21 @@ TEST_F(FinalScoreTest, TheReportOfATestWithoutWrongAnswersSaysSo) {
   EXPECT_NE(log.find("Correct Questions\r\n"), std::string::npos);
 }
 
+TEST_F(FinalScoreTest, AnOldReportThatCanNotBeReplacedDoesNotGrow) {
+  robot.world.files.write("testing.log", "old report");
+  robot.world.files.keep("testing.log");
+  grade_two();
+  EXPECT_EQ(file("testing.log"), "old report");
+  EXPECT_EQ(finalscore().per.caption, "2%");
+}
+
+TEST_F(FinalScoreTest, TheReportLiesInTheWorkingFolderAndNotBesideTheProgram) {
+  robot.world.files.working_folder = "\\home\\student";
+  grade_two();
+  EXPECT_TRUE(robot.world.files.exists("\\home\\student\\testing.log"));
+  EXPECT_FALSE(robot.world.files.exists("\\program\\testing.log"));
+}
+
 TEST_F(FinalScoreTest, TheReportHoldsTheLastTestOnly) {
   robot.world.files.write("testing.log", "old report");
   grade_two();

@@ -47,6 +47,15 @@ class HistoryTest : public robot::StudentTest {
   const std::string history = "history.46000.ANNA.htm";
 };
 
+TEST_F(HistoryTest, ATestWithoutAQuestionIsAnEntryOfZeroPercent) {
+  take_test();
+  robot.run().question_total = 0;
+  grade();
+  const auto written = lines(history);
+  ASSERT_EQ(written.size(), 2u);
+  EXPECT_TRUE(has(written[1], "Results:</b><br>0%&nbsp;&nbsp;(0/0)&nbsp;")) << written[1];
+}
+
 TEST_F(HistoryTest, TheFirstGradedTestGivesAHeaderAndOneEntry) {
   take_test();
   answer(1);

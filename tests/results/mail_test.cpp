@@ -44,6 +44,7 @@ TEST(HistoryText, ATestIsALineOnlyWhenItsQuizIsCalledQuiz) {
       {"a module of that name, up to the next test's break",
        entry("Book Questions") + modules("Quiz Show") + entry("Full ROBIN Exam"),
        "Quiz Show</td></tr></table><p>&nbsp;</p><p><b> Full ROBIN Exam Results:</b>\r\n"},
+      {"an ampersand, as it stands", entry("Quiz & more"), "Quiz & more Results:</b>\r\n"},
       {"twice before one break", entry("Quiz after Quiz"), "Quiz after Quiz Results:</b>\r\n"},
   };
   for (const auto& expected : cases) {
@@ -145,6 +146,13 @@ TEST_F(MailTest, AnAmpersandIsNotEscapedNorAPercentSignOfTheSubject) {
   EXPECT_EQ(only_opened(),
             "mailto:?subject= 5% & more &BODY= 5%25 & more %0d%0ax%0d%0ay%0d%0a%0d%0a%0d%0aEnd of "
             "History Report");
+}
+
+TEST_F(MailTest, ANumberSignStaysInAMailToAnyone) {
+  put_history("<h2>A # B</h2><h3>x</h3></center>y<hr>");
+  store("stuff", "mailtype", "outlook");
+  mail_from_options();
+  EXPECT_TRUE(only_opened().starts_with("mailto:?subject=A # B&BODY=A # B%0d%0a")) << only_opened();
 }
 
 TEST_F(MailTest, TheLinesOfAPageAreJoinedBeforeItIsRead) {

@@ -41,6 +41,7 @@ MemoryFiles::File& MemoryFiles::writable(std::string_view path) {
 }
 
 void MemoryFiles::write(std::string_view path, std::string_view content) {
+  if (kept_.contains(key(path))) throw Fault::permission_denied();
   writable(path).content = content;
 }
 
@@ -54,6 +55,8 @@ void MemoryFiles::remove(std::string_view path) {
 }
 
 void MemoryFiles::protect(std::string_view path) { protected_[key(path)] = true; }
+
+void MemoryFiles::keep(std::string_view path) { kept_[key(path)] = true; }
 
 void MemoryFiles::seal(std::string_view path) { sealed_[key(path)] = true; }
 

@@ -211,6 +211,19 @@ TEST_F(MailMenu, MailByTheWebNeedsAnAddressAndAsksUntilThereIsOne) {
   EXPECT_EQ(robot.world.messages.asked.size(), 3u) << "the address is known";
 }
 
+TEST_F(MailMenu, MailGoesTheOldWayUntilTheAddressIsKnown) {
+  const std::string before = options().mail_kind;
+  ASSERT_NE(before, "web");
+  robot.world.messages.typed = {"me@school.example"};
+  robot.world.messages.while_open = [&] {
+    EXPECT_EQ(options().mail_kind, before);
+    EXPECT_EQ(stored("stuff", "mailtype"), "web");
+    EXPECT_EQ(stored("order", "email"), "none");
+  };
+  robot.click("quest", "mnu_webmail");
+  EXPECT_EQ(robot.world.messages.asked.size(), 1u);
+}
+
 TEST_F(MailMenu, TheMailProgramIsChosenWithoutAQuestion) {
   options().mail_kind = "web";
   robot.click("quest", "mnu_outlookexpress");

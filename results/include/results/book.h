@@ -12,7 +12,9 @@ namespace practice {
 /// when there is no reader or no book.
 void open_book(Program& program);
 
-/// The page that the book viewer reads: file, page, layout and zoom.
-std::string pdf_page(std::string_view page, std::string_view file);
+/// The page that the book viewer reads: file, page, layout and zoom. The edition stands in front of
+/// its title.
+std::string pdf_page(std::string_view page, std::string_view file,
+                     std::string_view edition = "Brightwater Press ");
 
 }  // namespace practice

@@ -64,9 +64,10 @@ class FinalScore : public Screen, public FinalScoreControls {
   std::vector<std::string> module_names_;
 };
 
-/// First and second half of testing.log, the report of the last graded test in the working folder.
+/// The three parts of testing.log, the report of the last graded test in the working folder.
 void begin_testing_log(Program& program);
-void end_testing_log(Program& program);
+void log_wrong_questions(Program& program);
+void log_correct_questions(Program& program);
 
 /// The history file's first line, without its line end.
 std::string history_header(std::string_view student_name, std::string_view exam_title);

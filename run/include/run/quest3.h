@@ -142,6 +142,7 @@ class Quest : public Screen, public QuestControls {
   void put_answer(std::string_view position);
   void show_again();
   void keep_mail_kind(std::string_view kind);
+  void mail_by_program();
   void mail_by_web();
   void change_mail_address();
   void print_question();

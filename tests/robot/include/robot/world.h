@@ -37,6 +37,9 @@ class MemoryFiles : public Files {
 
   /// Writing to this path raises permission denied from now on.
   void protect(std::string_view path);
+  /// Replacing this file raises permission denied from now on, adding to it does not, as in a
+  /// folder that can not be written to.
+  void keep(std::string_view path);
   /// Reading from this path raises permission denied from now on, until it is opened.
   void seal(std::string_view path);
   void open(std::string_view path);
@@ -53,6 +56,7 @@ class MemoryFiles : public Files {
 
   std::map<std::string, File> files_;
   std::map<std::string, bool> protected_;
+  std::map<std::string, bool> kept_;
   std::map<std::string, bool> sealed_;
 };
 
