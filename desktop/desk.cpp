@@ -8,7 +8,9 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <cmath>
 #include <iostream>
+#include <thread>
 
 #include "page_view/page_view.h"
 #include "platform/values/fault.h"
@@ -127,12 +129,12 @@ void Desk::print(html::View& view) {
   throw Fault::invalid_call();
 }
 
-double Desk::width() const {
-  return QGuiApplication::primaryScreen()->availableGeometry().width() / pixels_per_twip();
-}
+double Desk::width() const { return area().width() / pixels_per_twip(); }
 
-double Desk::height() const {
-  return QGuiApplication::primaryScreen()->availableGeometry().height() / pixels_per_twip();
+double Desk::height() const { return area().height() / pixels_per_twip(); }
+
+QRect Desk::area() const {
+  return saver_area.isEmpty() ? QGuiApplication::primaryScreen()->availableGeometry() : saver_area;
 }
 
 int Desk::pixels_per_inch() const {
@@ -144,6 +146,40 @@ int Desk::form_pixels_per_inch() const { return 96; }
 
 double Desk::text_width(std::string_view text) const {
   return QFontMetricsF(QApplication::font()).horizontalAdvance(to_qt(text)) / pixels_per_twip();
+}
+
+TextSize Desk::text_size(std::string_view text, const TextFont& font, double width) const {
+  const QFontMetricsF metrics(qt_font(font));
+  const double room = width > 0 ? width * pixels_per_twip() : QWIDGETSIZE_MAX;
+  const QRectF size = metrics.boundingRect(QRectF(0, 0, room, QWIDGETSIZE_MAX),
+                                           Qt::TextWordWrap | Qt::TextExpandTabs, to_qt(text));
+  // A label breaks its lines by whole pixels.
+  return {.width = std::ceil(size.width() + 1) / pixels_per_twip(),
+          .height = std::ceil(size.height()) / pixels_per_twip()};
+}
+
+// A step a millisecond, and a picture every eight: more is not seen, and would cost more than it
+// shows. No event is let in but the painting.
+void Desk::paint_step(Screen& screen) {
+  constexpr std::chrono::milliseconds pace{1};
+  constexpr int steps_to_a_picture = 8;
+  const auto now = std::chrono::steady_clock::now();
+  if (now > next_step_ + 20 * pace) next_step_ = now;
+  next_step_ += pace;
+  if (++steps_ % steps_to_a_picture == 0) {
+    if (ScreenWindow* window = window_of(screen)) {
+      mirroring_ = true;
+      window->mirror();
+      mirroring_ = false;
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+    }
+  }
+  std::this_thread::sleep_until(next_step_);
+}
+
+void Desk::show_pointer(bool shown) {
+  while (QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
+  if (!shown) QGuiApplication::setOverrideCursor(Qt::BlankCursor);
 }
 
 void Desk::end_process() {

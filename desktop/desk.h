@@ -6,6 +6,8 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -15,6 +17,7 @@
 class QKeyEvent;
 class QPrinter;
 class QWidget;
+class QWindow;
 
 namespace practice {
 class Forms;
@@ -52,6 +55,11 @@ class Desk : public QObject, public Stage {
   /// Opens an address of a page with the desktop's program for it.
   std::function<void(const std::string&)> open_address;
 
+  /// What the study saver covers, pixels, and the window of the screen saver host that it lies in,
+  /// null when it covers the desk itself. Empty in the ordinary role.
+  QRect saver_area;
+  QWindow* saver_host = nullptr;
+
   void pump() override;
   void run_modal(Screen& screen) override;
   void print(html::View& view) override;
@@ -60,11 +68,15 @@ class Desk : public QObject, public Stage {
   int pixels_per_inch() const override;
   int form_pixels_per_inch() const override;
   double text_width(std::string_view text) const override;
+  TextSize text_size(std::string_view text, const TextFont& font, double width) const override;
+  void paint_step(Screen& screen) override;
+  void show_pointer(bool shown) override;
   void end_process() override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  QRect area() const;
   void mirror_screen(Screen& screen);
   bool take_alt_key(ScreenWindow& window, QKeyEvent& key);
 
@@ -73,6 +85,8 @@ class Desk : public QObject, public Stage {
   std::map<const Screen*, std::unique_ptr<ScreenWindow>> windows_;
   bool mirroring_ = false;
   bool ended_ = false;
+  std::chrono::steady_clock::time_point next_step_;
+  int steps_ = 0;
 };
 
 }  // namespace practice::desktop

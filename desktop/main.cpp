@@ -1,10 +1,12 @@
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <QLocale>
 #include <QStringList>
 
 #include "desk.h"
 #include "platform_qt/qt_platform.h"
+#include "saver_host.h"
 #include "shell/application.h"
 #include "text.h"
 
@@ -36,7 +38,8 @@ int main(int argc, char** argv) {
                     random,
                     desk,
                     desktop::from_qt(folder),
-                    desktop::from_qt(QLocale::system().decimalPoint())};
+                    desktop::from_qt(QLocale::system().decimalPoint()),
+                    desktop::from_qt(QFileInfo(QApplication::applicationFilePath()).fileName())};
   messages.before_a_box = [&desk]() -> QWidget* {
     desk.mirror_all();
     return desk.front_widget();
@@ -47,6 +50,7 @@ int main(int argc, char** argv) {
 
   const std::string command_line =
       desktop::from_qt(QApplication::arguments().mid(1).join(QLatin1Char(' ')));
+  if (is_saver_start(command_line)) desktop::give_the_saver_its_place(desk);
   Application application(platform, command_line);
   desk.show_screens_of(application.program().forms);
   desk.enter([&] { application.start(); });

@@ -1,6 +1,7 @@
 // The widget for each kind of control: how it is made, what a user's edit of it puts into the
 // control, and how it takes the control's state.
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -62,13 +63,37 @@ void mirror_caption(Widget& widget, const std::string& caption) {
   widget.setAccessibleName(spoken(caption));
 }
 
+// Size and colours, where the label has its own.
+void take_letters(QLabel& label, const Letters& letters) {
+  if (letters.font.points > 0) {
+    label.setFont(qt_font(letters.font));
+    label.setWordWrap(true);
+    label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  }
+  QPalette palette = label.palette();
+  if (letters.fore_rgb) palette.setColor(QPalette::WindowText, QColor(*letters.fore_rgb));
+  if (letters.back_rgb) palette.setColor(QPalette::Window, QColor(*letters.back_rgb));
+  label.setAutoFillBackground(letters.back_rgb.has_value());
+  label.setPalette(palette);
+}
+
 }  // namespace
+
+QFont qt_font(const TextFont& font) {
+  QFont letters = QApplication::font();
+  if (font.points > 0) letters.setPointSizeF(font.points);
+  letters.setBold(font.bold);
+  return letters;
+}
 
 QWidget* ScreenWindow::make(const ControlEntry& entry, Label& control, Part& part) {
   if (entry.click) return make_link(entry, control, part);
   auto* label = new QLabel(centralWidget());
   label->setTextFormat(Qt::PlainText);
-  part.mirror = [label, &control] { mirror_caption(*label, control.caption); };
+  part.mirror = [label, &control, shown = Letters()]() mutable {
+    mirror_caption(*label, control.caption);
+    if (shown != control.letters) take_letters(*label, shown = control.letters);
+  };
   return label;
 }
 
@@ -210,12 +235,15 @@ QWidget* ScreenWindow::make(const ControlEntry& entry, ScrollBar& control, Part&
 QWidget* ScreenWindow::make(const ControlEntry& entry, Picture& control, Part& part) {
   auto* picture = new PictureButton(centralWidget(), static_cast<bool>(entry.click));
   connect(picture, &QAbstractButton::clicked, this, [this, &entry] { run(entry.click); });
-  part.mirror = [picture, &control] {
+  part.mirror = [picture, &control, rest = std::string(), pressed = std::string()]() mutable {
+    picture->setAccessibleName(to_qt(control.tool_tip));
+    if (rest == control.file && pressed == control.pressed_file) return;
+    rest = control.file;
+    pressed = control.pressed_file;
     const auto path = [](const std::string& file) {
       return file.empty() ? QString() : system_path(file);
     };
-    picture->set_files(path(control.file), path(control.pressed_file));
-    picture->setAccessibleName(to_qt(control.tool_tip));
+    picture->set_files(path(rest), path(pressed));
   };
   return picture;
 }

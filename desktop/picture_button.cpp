@@ -28,7 +28,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   if (!picture.isNull()) painter.drawPixmap(rect(), picture);
-  if (!hasFocus()) return;
+  if (!hasFocus() || testAttribute(Qt::WA_TransparentForMouseEvents)) return;
   // The style's own focus mark is not seen on a dark picture.
   constexpr double inset = 3.5;
   constexpr double corner = 5;

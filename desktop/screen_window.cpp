@@ -46,7 +46,11 @@ ScreenWindow::Part ScreenWindow::make_part(const ControlEntry& entry) {
   part.entry = &entry;
   part.widget =
       std::visit([&](auto* control) { return make(entry, *control, part); }, entry.control);
-  if (part.widget != nullptr) part.widget->setObjectName(to_qt(entry.name));
+  if (part.widget == nullptr) return part;
+  part.widget->setObjectName(to_qt(entry.name));
+  if (entry.got_focus || entry.mouse_move || entry.key_down) part.widget->installEventFilter(this);
+  if (entry.mouse_move) part.widget->setMouseTracking(true);
+  if (entry.key_down) part.widget->setFocusPolicy(Qt::StrongFocus);
   return part;
 }
 
@@ -116,6 +120,7 @@ void ScreenWindow::mirror() {
   if (!isVisible()) {
     setWindowModality(screen_.modal ? Qt::ApplicationModal : Qt::NonModal);
     if (screen_.modal) stay_above_the_others();
+    if (screen_.window_state == WindowState::maximised) setWindowState(Qt::WindowMaximized);
     show();
   } else if (!to_front || isActiveWindow()) {
     return;
@@ -157,6 +162,11 @@ void ScreenWindow::mirror_geometry() {
       is_new || shown_bounds_.width != wanted.width || shown_bounds_.height != wanted.height;
   shown_generation_ = screen_.generation;
   shown_bounds_ = wanted;
+  if (screen_.covers_the_desk) {
+    setMinimumSize(0, 0);
+    setGeometry(desk_.saver_area);
+    return;
+  }
   const int menu = menus_.empty() ? 0 : menuBar()->sizeHint().height();
   const QRect desk_area = QGuiApplication::primaryScreen()->availableGeometry();
   const auto pixels = [&](double twips) { return qRound(twips * scale()); };
@@ -223,6 +233,27 @@ void ScreenWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow() && screen_.visible) {
     desk_.came_to_front(screen_);
   }
+}
+
+bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (type != QEvent::FocusIn && type != QEvent::MouseMove && type != QEvent::KeyPress)
+    return false;
+  for (const Part& part : parts_) {
+    if (part.widget != watched) continue;
+    const ControlEntry& entry = *part.entry;
+    if (type == QEvent::FocusIn && entry.got_focus) run(entry.got_focus);
+    if (type == QEvent::MouseMove && entry.mouse_move) {
+      const QPointF place = static_cast<QMouseEvent*>(event)->globalPosition();
+      run([&] { entry.mouse_move(place.x(), place.y()); });
+    }
+    if (type == QEvent::KeyPress && entry.key_down) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      run([&] { entry.key_down(key == Qt::Key_Escape ? escape_key : key); });
+      return true;
+    }
+  }
+  return false;
 }
 
 // Enter presses the button that has the focus, else the screen's default button.

@@ -4,6 +4,7 @@
 // A screen's own window class arranges the widgets; what they show and do is done here for all.
 #pragma once
 
+#include <QFont>
 #include <QMainWindow>
 #include <QMenu>
 #include <functional>
@@ -59,6 +60,7 @@ class ScreenWindow : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -103,6 +105,9 @@ class ScreenWindow : public QMainWindow {
   int shown_generation_ = 0;
   Bounds shown_bounds_;
 };
+
+/// The letters of a control.
+QFont qt_font(const TextFont& font);
 
 /// The window for a screen, built.
 std::unique_ptr<ScreenWindow> make_window(Screen& screen, Desk& desk);

@@ -13,6 +13,8 @@ Program::Program(Platform& the_platform, std::string the_command_line)
       command_line(std::move(the_command_line)),
       forms(the_platform.stage) {}
 
+bool is_saver_start(std::string_view command_line) { return command_line.starts_with("aaaa"); }
+
 bool load_bank(Program& program) {
   return load_bank({.command_line = program.command_line,
                     .clicked_quiz = program.test_run.clicked_quiz,

@@ -75,6 +75,8 @@ void PickAQuiz::design() {
                           "This will remember your settings for next time.");
   cmd_reset_user_history =
       with_tip(captioned<Button>("Reset &User History"), "This will clear the students history.");
+  cmd_flashcards = with_tip(captioned<Button>("F&lash Cards"),
+                            "Shows the questions one by one, as cards to learn with.");
   Label1 = hidden(captioned<Label>("Ask"));
   Label2 = hidden(captioned<Label>("OR"));
   Label5.visible = false;
@@ -195,6 +197,7 @@ void PickAQuiz::list_controls() {
   list("Command2", Command2).on_click([this] { test_preset(); });
   list("savesettings", savesettings).on_click([this] { save_options(); });
   list("cmd_reset_user_history", cmd_reset_user_history).on_click([this] { clear_history(); });
+  list("cmd_flashcards", cmd_flashcards).on_click([this] { open_flash_cards(); });
   list("Label1", Label1);
   list("Label2", Label2);
   list("Label5", Label5);

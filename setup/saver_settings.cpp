@@ -1,4 +1,5 @@
-// The study saver's pace, and making the current test the screen's saver.
+// The second life of the bank: the study saver's pace, making the current test the screen's saver,
+// and the way to the flash cards.
 #include "platform/values/text.h"
 #include "setup/pick_a_quiz.h"
 
@@ -39,12 +40,29 @@ void PickAQuiz::set_as_screen_saver() {
   Platform& platform = program_.platform;
   std::string target = platform.program_folder;
   if (!target.ends_with('\\')) target += '\\';
-  if (catalogue.has_cover_layout()) target += catalogue.saver_program;
+  if (catalogue.has_cover_layout()) {
+    target += catalogue.saver_program;
+  } else {
+    const std::string& file = platform.program_file;
+    target += file.substr(0, file.find(".exe"));
+  }
   save(program_, "which_test", catalogue.exam_code);
   save(program_, "where_test", target);
   std::string saver;
   skip([&] { saver = platform.shell.find_on_path("brightwater_press_study_saver.scr"); });
-  skip([&] { platform.shell.start("rundll32.exe desk.cpl,InstallScreenSaver " + saver); });
+  skip([&] { platform.shell.make_screen_saver(saver); });
+}
+
+void PickAQuiz::open_flash_cards() {
+  skip([&] {
+    program_.platform.messages.show(
+        {.text = "Flash Cards show you ONLY the question (no possible answers, exhibits, or "
+                 "diagrams).  NOTE:  Some questions may not make sense in this mode, which may "
+                 "require the use of regular testing mode.",
+         .title = "Flash Cards"});
+  });
+  skip([&] { program_.forms.show(Form::Security); });
+  skip([&] { program_.forms.unload(Form::pick_a_quiz); });
 }
 
 }  // namespace practice

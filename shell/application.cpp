@@ -17,7 +17,8 @@ Application::Application(Platform& platform, std::string command_line)
       theanswer_(program_),
       finalscore_(program_),
       exhibit_(program_),
-      diagram_(program_) {
+      diagram_(program_),
+      security_(program_) {
   program_.handover = this;
   Forms& forms = program_.forms;
   forms.enlist(Form::Welcome, welcome_);
@@ -29,6 +30,7 @@ Application::Application(Platform& platform, std::string command_line)
   forms.enlist(Form::finalscore, finalscore_);
   forms.enlist(Form::Exhibit, exhibit_);
   forms.enlist(Form::Diagram, diagram_);
+  forms.enlist(Form::Security, security_);
 }
 
 void Application::start() { program_.forms.load(Form::Welcome); }

@@ -65,7 +65,7 @@ void Welcome::load() {
   pointer = Pointer::normal;
   trap([&] { center_form(program_, *this); });
   trap([&] { test_file_permissions(); });
-  if (program_.command_line.starts_with("aaaa")) start_saver();
+  if (is_saver_start(program_.command_line)) start_saver();
   if (program_.saver_mode != 1) forms.show(Form::Welcome);
 }
 
@@ -153,10 +153,14 @@ void Welcome::start_saver() {
   Trap trap{program_, "Welcome form load()", source};
   program_.saver_mode = 1;
   program_.forms.hide(Form::Welcome);
+  if (program_.catalogue.bank_total == 0) {
+    // Nobody would see what is shown, nor know why.
+    trap([] { throw Fault::invalid_call(); });
+    program_.handover->close_all_forms();
+    return;
+  }
   trap([&] { program_.forms.load(Form::Security); });
   trap([&] { program_.forms.show(Form::Security); });
-  // Nothing is on the screen that could end the process.
-  if (!program_.forms.is_loaded(Form::Security)) program_.handover->close_all_forms();
 }
 
 void Welcome::resize() {

@@ -15,6 +15,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QProcess>
+#include <QSaveFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
@@ -24,6 +25,8 @@
 
 #include "platform/values/fault.h"
 #include "platform/values/text.h"
+#include "platform_qt/screen_saver_list.h"
+#include "platform_qt/x11_windows.h"
 #include "text.h"
 
 namespace practice::desktop {
@@ -158,9 +161,39 @@ std::string QtShell::class_of(std::string_view extension) const {
   return is_program(book_viewer) ? "AcroExch.Document" : std::string();
 }
 
+// What lies beside the program is found like what lies on the path.
 std::string QtShell::find_on_path(std::string_view name) const {
-  return from_qt(QStandardPaths::findExecutable(to_qt(name)));
+  const QString file = to_qt(name);
+  const QString found = QStandardPaths::findExecutable(file);
+  if (!found.isEmpty()) return from_qt(found);
+  const QStringList beside{QCoreApplication::applicationDirPath()};
+  return from_qt(QStandardPaths::findExecutable(file, beside));
 }
+
+// XScreenSaver reads its list again when it changes. Where there is none, the saver itself tells
+// the student what to do.
+void QtShell::make_screen_saver(std::string_view path) {
+  const QString settings = QStandardPaths::findExecutable(QStringLiteral("xscreensaver-settings"));
+  if (settings.isEmpty()) {
+    if (!path.empty()) QProcess::startDetached(to_qt(path), {QStringLiteral("--configure")});
+    return;
+  }
+  if (!path.empty()) {
+    QFile old(saver_list);
+    const bool is_read = old.open(QIODevice::ReadOnly);
+    // A list that is there and can not be read must not be replaced.
+    if (!is_read && old.exists()) throw Fault::permission_denied();
+    const std::string list = is_read ? old.readAll().toStdString() : std::string();
+    QSaveFile file(saver_list);
+    file.setDirectWriteFallback(false);
+    if (!file.open(QIODevice::WriteOnly)) throw Fault::path_access();
+    file.write(QByteArray::fromStdString(with_our_saver(list, path)));
+    if (!file.commit()) throw Fault::path_access();
+  }
+  QProcess::startDetached(settings, {});
+}
+
+void QtShell::close_windows(std::string_view title) { close_windows_titled(to_qt(title)); }
 
 std::string QtInternet::get(std::string_view address) {
   // A version file is one line; an endless answer is cut off.

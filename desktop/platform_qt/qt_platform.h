@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QString>
 #include <chrono>
 #include <functional>
@@ -53,11 +54,16 @@ class QtShell : public Shell {
   /// Shows the exam's book at a page, from the viewer page that the program writes.
   QString book_viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/book_viewer");
 
+  /// Where XScreenSaver keeps a student's list.
+  QString saver_list = QDir::homePath() + QStringLiteral("/.xscreensaver");
+
   int open(std::string_view target, std::string_view folder, WindowShow show) override;
   void start(std::string_view command_line) override;
   void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
   std::string find_on_path(std::string_view name) const override;
+  void make_screen_saver(std::string_view path) override;
+  void close_windows(std::string_view title) override;
 
  private:
   static int open_with(const QString& program, const QString& file);

@@ -83,6 +83,7 @@ QWidget* PickAQuizWindow::general_page() {
   buttons->addWidget(widget("Command2"), 0, 1);
   buttons->addWidget(widget("savesettings"), 1, 0);
   buttons->addWidget(widget("cmd_reset_user_history"), 1, 1);
+  buttons->addWidget(widget("cmd_flashcards"), 2, 0, 1, 2);
   start_column->addLayout(buttons);
 
   auto* column = new QVBoxLayout;

@@ -156,6 +156,8 @@ std::unique_ptr<ScreenWindow> make_window(Screen& screen, Desk& desk) {
     window = std::make_unique<TheAnswerWindow>(screen, desk);
   } else if (screen.form_name == "finalscore") {
     window = std::make_unique<FinalScoreWindow>(screen, desk);
+  } else if (screen.form_name == "Security") {
+    window = std::make_unique<SecurityWindow>(screen, desk);
   } else if (screen.form_name == "About1" || screen.form_name == "loading") {
     window = std::make_unique<NoticeWindow>(screen, desk);
   } else {

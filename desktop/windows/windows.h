@@ -47,4 +47,12 @@ class ExhibitWindow : public ScreenWindow {
   void arrange() override;
 };
 
+/// The study saver over the whole desk, or the flash cards.
+class SecurityWindow : public ScreenWindow {
+  using ScreenWindow::ScreenWindow;
+  void arrange() override;
+  void arrange_saver();
+  void arrange_cards();
+};
+
 }  // namespace practice::desktop

@@ -19,6 +19,7 @@
 #include "desk.h"
 #include "page_view/page_view.h"
 #include "platform_qt/qt_platform.h"
+#include "saver_host.h"
 #include "screen_window.h"
 #include "shell/application.h"
 #include "text.h"
@@ -72,6 +73,7 @@ class DesktopTest : public testing::Test {
     platform =
         std::make_unique<Platform>(Platform{files, settings, shell, internet, clipboard, messages,
                                             clock, random, *desk, from_qt(folder.path()), "."});
+    if (is_saver_start(command_line)) give_the_saver_its_place(*desk);
     application = std::make_unique<Application>(*platform, command_line);
     desk->show_screens_of(application->program().forms);
     desk->enter([&] { application->start(); });

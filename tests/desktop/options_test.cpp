@@ -231,10 +231,5 @@ TEST_F(WelcomeScreen, IsOperatedByTheKeyboardInItsOrder) {
                        widget("Welcome", "Image4", 2), widget("Welcome", "lblEULALink")}));
 }
 
-TEST_F(WelcomeScreen, TheSaverRoleWithoutASaverEndsAtOnce) {
-  launch("aaaa46000");
-  EXPECT_TRUE(application->has_ended());
-}
-
 }  // namespace
 }  // namespace practice::desktop

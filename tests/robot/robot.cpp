@@ -113,6 +113,24 @@ void Robot::type(std::string_view screen_name, std::string_view name, int index,
   if (entry.change) entry.change();
 }
 
+void Robot::give_focus(std::string_view screen_name, std::string_view name) {
+  const ControlEntry& entry = usable(screen_name, name, 0);
+  screen(screen_name).note_focus(std::string(name), 0);
+  if (entry.got_focus) entry.got_focus();
+}
+
+void Robot::move_mouse(std::string_view screen_name, std::string_view name, double x, double y) {
+  const ControlEntry& entry = usable(screen_name, name, 0);
+  if (entry.mouse_move) entry.mouse_move(x, y);
+}
+
+void Robot::press_key(std::string_view screen_name, int key_code) {
+  const auto [name, index] = screen(screen_name).focus();
+  if (name.empty()) throw RobotFailure{"nothing has the focus on " + std::string(screen_name)};
+  const ControlEntry& entry = usable(screen_name, name, index);
+  if (entry.key_down) entry.key_down(key_code);
+}
+
 void Robot::select(std::string_view screen_name, std::string_view name, int chosen, bool also) {
   const ControlEntry& entry = usable(screen_name, name, 0);
   auto* const* list = std::get_if<ListBox*>(&entry.control);
@@ -223,10 +241,10 @@ void Robot::tick_due_timers(std::int64_t step) {
         waited = 0;
         continue;
       }
-      waited += step;
-      if (waited < (*timer)->interval) continue;
-      waited = 0;
-      if (entry.click) entry.click();
+      for (waited += step; waited >= (*timer)->interval; waited -= (*timer)->interval) {
+        if (entry.click) entry.click();
+        if (!owner->loaded || !(*timer)->enabled) break;
+      }
     }
   }
 }

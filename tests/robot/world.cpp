@@ -1,10 +1,13 @@
 #include "robot/world.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
+#include "platform/controls.h"
 #include "platform/values/fault.h"
 #include "platform/values/text.h"
+#include "session/helpers.h"
 
 namespace practice::robot {
 
@@ -166,6 +169,20 @@ void MemoryStage::run_modal(Screen& screen) {
 }
 
 void MemoryStage::print(html::View& view) { printed.push_back(view.document.written()); }
+
+TextSize MemoryStage::text_size(std::string_view text, const TextFont& font, double width) const {
+  constexpr double twips_per_point = 20;
+  const double points = font.points > 0 ? font.points : 9;
+  const double letter = points * twips_per_point / 2;
+  TextSize size;
+  for (const std::string& line : split_lines(text)) {
+    const double length = letter * static_cast<double>(character_count(line));
+    const double rows = width > 0 ? std::max(1.0, std::ceil(length / width)) : 1;
+    size.width = std::max(size.width, width > 0 ? std::min(length, width) : length);
+    size.height += rows * points * twips_per_point * 1.2;
+  }
+  return size;
+}
 
 double MemoryStage::text_width(std::string_view text) const {
   constexpr double twips_per_character = 105;

@@ -31,6 +31,10 @@ TEST_F(SaverSettingsTest, TheScreenOpensAtItsDesign) {
   EXPECT_EQ(label("lbldisplaycorr"), "6");
   EXPECT_EQ(pick_a_quiz().chkRandom.value, 0);
   EXPECT_EQ(label("Label14"), "Configure Your Study Saver");
+  EXPECT_EQ(label("lbl1"), "seconds before displaying answers");
+  EXPECT_EQ(label("Label13"), "seconds before displaying correct answer(s)");
+  EXPECT_EQ(pick_a_quiz().chkRandom.caption, "Randomize Questions");
+  EXPECT_EQ(pick_a_quiz().cmdok.caption, "Save Configuration");
   EXPECT_EQ(label("Label12"), "Make This Test Your Screensaver");
   EXPECT_EQ(pick_a_quiz().cmdok.tool_tip, "Click Here to Save Your Configuration");
   EXPECT_EQ(pick_a_quiz().cmdSet.caption, " Set as &DEFAULT Screen Saver ");
@@ -46,6 +50,17 @@ TEST_F(SaverSettingsTest, MovingABarUpCountsDownAndStopsAtOne) {
     scroll("VScroll4", move.value);
     EXPECT_EQ(label("lbldisplayans"), move.shown) << move.value;
     EXPECT_EQ(label("lbldisplaycorr"), "6") << "the other count is its own";
+  }
+}
+
+TEST_F(SaverSettingsTest, ThreeStepsDownFromTheDesignEndAtOne) {
+  for (const char* shown : {"2", "1", "1"}) {
+    scroll("VScroll4", pick_a_quiz().VScroll4.value + 1);
+    EXPECT_EQ(label("lbldisplayans"), shown);
+  }
+  for (const char* shown : {"5", "4", "3", "2", "1", "1"}) {
+    scroll("VScroll3", pick_a_quiz().VScroll3.value + 1);
+    EXPECT_EQ(label("lbldisplaycorr"), shown);
   }
 }
 
@@ -78,6 +93,27 @@ TEST_F(SaverSettingsTest, SavingWritesTheTwoPacesAndTheOrder) {
   EXPECT_TRUE(robot.world.messages.shown.empty());
 }
 
+TEST_F(SaverSettingsTest, TheBoxIsSavedAsItStands) {
+  EXPECT_EQ(stored("RandQuestions"), "(none)") << "nothing is saved before the button";
+  for (const char* saved : {"1", "0", "1"}) {
+    robot.click("pick_a_quiz", "chkRandom");
+    robot.click("pick_a_quiz", "cmdok");
+    EXPECT_EQ(stored("RandQuestions"), saved);
+  }
+}
+
+TEST_F(SaverSettingsTest, SavingThePaceAndSettingTheSaverDoNotWriteEachOthersValues) {
+  robot.click("pick_a_quiz", "cmdok");
+  EXPECT_EQ(stored("which_test"), "(none)");
+  EXPECT_EQ(stored("where_test"), "(none)");
+  EXPECT_TRUE(calls().empty());
+  robot.world.settings.values.clear();
+  robot.click("pick_a_quiz", "cmdSet");
+  EXPECT_EQ(stored("aspeed"), "(none)");
+  EXPECT_EQ(stored("cspeed"), "(none)");
+  EXPECT_EQ(stored("RandQuestions"), "(none)");
+}
+
 TEST_F(SaverSettingsTest, WhatWasSavedIsNotShownAgainAndALaterSaveWritesTheDesignAnew) {
   scroll("VScroll4", 1);
   scroll("VScroll3", 1);
@@ -106,14 +142,13 @@ TEST_F(SaverSettingsTest, TheTestBecomesTheScreensSaver) {
     robot.click("pick_a_quiz", control);
     EXPECT_EQ(stored("which_test"), "46002") << control;
     EXPECT_EQ(stored("where_test"), "\\program\\bw_robin.exe") << control;
-    EXPECT_EQ(calls(),
-              std::vector<std::string>{"start rundll32.exe desk.cpl,InstallScreenSaver " + saver});
+    EXPECT_EQ(calls(), std::vector<std::string>{"make screen saver " + saver});
   }
 }
 
 TEST_F(SaverSettingsTest, ASaverThatIsNowhereIsAskedForAllTheSame) {
   robot.click("pick_a_quiz", "cmdSet");
-  EXPECT_EQ(calls(), std::vector<std::string>{"start rundll32.exe desk.cpl,InstallScreenSaver "});
+  EXPECT_EQ(calls(), std::vector<std::string>{"make screen saver "});
   EXPECT_EQ(stored("which_test"), "46002");
   EXPECT_TRUE(robot.world.messages.shown.empty());
 }
@@ -126,6 +161,19 @@ TEST_F(SaverSettingsTest, TheProgramOfTheTestStandsBehindExactlyOneBackslash) {
   for (const auto& [folder, target] : cases) {
     robot.world.platform.program_folder = folder;
     open("46002");
+    robot.click("pick_a_quiz", "cmdSet");
+    EXPECT_EQ(stored("where_test"), target);
+  }
+}
+
+TEST_F(SaverSettingsTest, WithoutACoverTheProgramItselfIsNamedWithoutItsEnding) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"practice_exam.exe", "\\program\\practice_exam"},
+      {"practice_exam", "\\program\\practice_exam"},
+      {"exam.exe.old", "\\program\\exam"}};
+  robot.program().catalogue.book_layout = 0;
+  for (const auto& [name, target] : cases) {
+    robot.world.platform.program_file = name;
     robot.click("pick_a_quiz", "cmdSet");
     EXPECT_EQ(stored("where_test"), target);
   }

@@ -211,16 +211,30 @@ TEST_F(WelcomeTest, AFinishedTestIsCounted) {
   }
 }
 
-TEST_F(WelcomeTest, FourLettersStartTheSaverWhichWithoutAScreenEndsTheProgram) {
-  for (const char* line : {"aaaa46000", "aaaa", "aaaaaaaa", "aaaa rubbish"}) {
+TEST_F(WelcomeTest, FourLettersStartTheSaverInPlaceOfTheScreen) {
+  for (const char* line : {"aaaa46000", "aaaap46002", "aaaa4600a7 "}) {
     robot::Robot other;
     bool was_shown = false;
     other.world.stage.during_pump = [&] { was_shown = was_shown || other.app().welcome().visible; };
     other.put_distribution();
     other.start(line);
     EXPECT_EQ(other.program().saver_mode, 1) << line;
+    EXPECT_FALSE(other.world.stage.ended) << line;
+    EXPECT_TRUE(other.app().security().visible) << line;
+    EXPECT_FALSE(was_shown || other.app().welcome().visible) << line;
+  }
+}
+
+TEST_F(WelcomeTest, ASaverWithoutAnExamEndsTheProgramAndLeavesALine) {
+  for (const char* line : {"aaaa", "aaaaaaaa", "aaaa rubbish", "aaaa46001"}) {
+    robot::Robot other;
+    other.put_distribution();
+    other.start(line);
     EXPECT_TRUE(other.world.stage.ended) << line;
-    EXPECT_FALSE(was_shown) << line;
+    EXPECT_NE(other.world.files.read("error.log")
+                  .find(" - Welcome form load() - Welcome5 - Invalid procedure call"),
+              std::string::npos)
+        << line;
     for (const Screen* screen : other.program().forms.all()) {
       EXPECT_TRUE(screen == nullptr || !screen->visible) << line;
     }

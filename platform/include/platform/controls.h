@@ -2,6 +2,7 @@
 // reads and operates. Sizes are twips, 15 to a pixel at 96 dots an inch.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,9 +26,25 @@ struct Control {
   std::string tool_tip;
 };
 
-/// An "&" in a caption marks the access key.
+struct TextFont {
+  /// 0 leaves the desktop's own size.
+  double points = 0;
+  bool bold = false;
+  friend bool operator==(const TextFont&, const TextFont&) = default;
+};
+
+struct Letters {
+  TextFont font;
+  /// 0xRRGGBB; nothing leaves the desktop's own.
+  std::optional<unsigned> fore_rgb;
+  std::optional<unsigned> back_rgb;
+  friend bool operator==(const Letters&, const Letters&) = default;
+};
+
+/// An "&" in a caption marks the access key, but not where the label has letters of its own.
 struct Label : Control {
   std::string caption;
+  Letters letters;
 };
 
 struct Button : Control {

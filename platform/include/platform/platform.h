@@ -15,6 +15,12 @@
 namespace practice {
 
 struct Screen;
+struct TextFont;
+
+struct TextSize {
+  double width = 0;
+  double height = 0;
+};
 
 namespace html {
 class View;
@@ -66,6 +72,11 @@ class Shell {
   virtual std::string class_of(std::string_view extension) const = 0;
   /// The full path of a file along the desktop's search path; empty when it is nowhere.
   virtual std::string find_on_path(std::string_view name) const = 0;
+  /// Makes a program the student's screen saver and shows the desktop's own settings for it. An
+  /// empty path changes nothing there.
+  virtual void make_screen_saver(std::string_view path) = 0;
+  /// Asks every window whose title contains the text to close.
+  virtual void close_windows(std::string_view title) = 0;
 };
 
 class Internet {
@@ -149,6 +160,12 @@ class Stage {
   virtual int form_pixels_per_inch() const = 0;
   /// Width of a text in the screens' own font, twips.
   virtual double text_width(std::string_view text) const = 0;
+  /// Size of a text whose lines are broken at that width, twips; a width of 0 breaks none.
+  virtual TextSize text_size(std::string_view text, const TextFont& font, double width) const = 0;
+  /// Draws a screen at once while nothing else runs. Returns after about a millisecond, so that
+  /// steps of colour follow each other slowly enough to be seen.
+  virtual void paint_step(Screen& screen) = 0;
+  virtual void show_pointer(bool shown) = 0;
   /// The process ends after the current event.
   virtual void end_process() = 0;
 };
@@ -167,6 +184,8 @@ struct Platform {
   std::string program_folder;
   /// Stands in front of the decimals of a number that a student reads.
   std::string decimal_point = ".";
+  /// The program's own file name.
+  std::string program_file = "practice_exam";
 };
 
 }  // namespace practice

@@ -21,13 +21,19 @@ using ControlRef =
                  Picture*, Shape*, Frame*, Tabs*, MenuEntry*, Timer*, HtmlView*>;
 
 using Handler = std::function<void()>;
+/// Where the mouse is on the desk, pixels; a window that moves under it leaves it where it is.
+using MouseHandler = std::function<void(double x, double y)>;
+
+/// What the key handler is told for the Escape key; other keys have codes of their own.
+inline constexpr int escape_key = 27;
+using KeyHandler = std::function<void(int key_code)>;
 
 /// A control as the mirror and the robot know it.
 struct ControlEntry {
   std::string name;
   /// Index in a control array as the screen tells it; 0 for a single control.
   int index = 0;
-  ControlRef control;
+  ControlRef control{static_cast<Label*>(nullptr)};
   /// Name of the menu that a menu entry stands in; empty for the menu bar itself.
   std::string menu;
   /// A click, a tick, a choice, a timer's tick.
@@ -35,6 +41,10 @@ struct ControlEntry {
   Handler double_click;
   /// An edit of text, a scroll.
   Handler change;
+  Handler got_focus;
+  MouseHandler mouse_move;
+  /// A key went down while the control had the focus.
+  KeyHandler key_down;
 
   ControlEntry& on_click(Handler handler) {
     click = std::move(handler);
@@ -46,6 +56,18 @@ struct ControlEntry {
   }
   ControlEntry& on_change(Handler handler) {
     change = std::move(handler);
+    return *this;
+  }
+  ControlEntry& on_focus(Handler handler) {
+    got_focus = std::move(handler);
+    return *this;
+  }
+  ControlEntry& on_mouse_move(MouseHandler handler) {
+    mouse_move = std::move(handler);
+    return *this;
+  }
+  ControlEntry& on_key(KeyHandler handler) {
+    key_down = std::move(handler);
     return *this;
   }
 };
@@ -70,6 +92,8 @@ struct Screen {
   double least_width = 0;
   double least_height = 0;
   WindowState window_state = WindowState::normal;
+  /// A black window without a frame over the whole screen, in front of all others.
+  bool covers_the_desk = false;
   Pointer pointer = Pointer::normal;
   bool loaded = false;
   bool visible = false;
@@ -112,8 +136,11 @@ struct Screen {
  protected:
   template <class Kind>
   ControlEntry& list(std::string control_name, Kind& control, int index = 0) {
-    controls_.push_back({std::move(control_name), index, &control, {}, {}, {}, {}});
-    return controls_.back();
+    ControlEntry& entry = controls_.emplace_back();
+    entry.name = std::move(control_name);
+    entry.index = index;
+    entry.control = &control;
+    return entry;
   }
   ControlEntry& list_menu(std::string menu, std::string control_name, MenuEntry& entry,
                           int index = 0) {

@@ -40,6 +40,9 @@ struct Program {
   Handover* handover = nullptr;
 };
 
+/// True for the command line that asks for the saver role.
+bool is_saver_start(std::string_view command_line);
+
 /// Loads the bank that the command line and the quiz numbers ask for.
 bool load_bank(Program& program);
 

@@ -52,6 +52,7 @@ struct PickAQuizControls {
   Button Command2;
   Button savesettings;
   Button cmd_reset_user_history;
+  Button cmd_flashcards;
   /// Of an edition that lets a student choose how many questions are asked.
   Label Label1;
   Label Label2;
@@ -163,6 +164,7 @@ class PickAQuiz : public Screen, public PickAQuizControls {
   static void spin(ScrollBar& bar, Label& label, SpinState& state);
   void save_saver_settings();
   void set_as_screen_saver();
+  void open_flash_cards();
 
   // The steps of a composition; see composition.cpp.
   void compose();

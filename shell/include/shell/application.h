@@ -10,6 +10,7 @@
 #include "results/finalscore.h"
 #include "results/theanswer.h"
 #include "run/quest3.h"
+#include "saver/sec_form.h"
 #include "session/handover.h"
 #include "session/program.h"
 #include "setup/pick_a_quiz.h"
@@ -39,6 +40,7 @@ class Application : private Handover {
   FinalScore& finalscore() { return finalscore_; }
   Exhibit& exhibit() { return exhibit_; }
   Diagram& diagram() { return diagram_; }
+  Security& security() { return security_; }
 
  private:
   void show_quest() override;
@@ -62,6 +64,7 @@ class Application : private Handover {
   FinalScore finalscore_;
   Exhibit exhibit_;
   Diagram diagram_;
+  Security security_;
   bool ended_ = false;
 };
 

@@ -35,6 +35,11 @@ class Robot {
   void click(std::string_view screen, std::string_view name, int index = 0);
   void double_click(std::string_view screen, std::string_view name, int index = 0);
   void type(std::string_view screen, std::string_view name, int index, std::string_view text);
+  void give_focus(std::string_view screen, std::string_view name);
+  /// Moves the mouse over a control, pixels.
+  void move_mouse(std::string_view screen, std::string_view name, double x, double y);
+  /// Presses a key in the control that has the focus.
+  void press_key(std::string_view screen, int key_code);
   /// Selects entry `entry`, from 0, of a list, and that alone unless `also`.
   void select(std::string_view screen, std::string_view name, int entry, bool also = false);
 

@@ -81,8 +81,8 @@ class RecordedShell : public Shell {
     std::string folder;
     WindowShow show;
   };
-  /// What was opened and started, in order: "open TARGET", "start COMMAND LINE" and "media
-  /// COMMAND".
+  /// What was asked for, in order: "open TARGET", "start COMMAND LINE", "media COMMAND", "make
+  /// screen saver PATH" and "close windows TITLE".
   std::vector<std::string> calls;
   /// What was opened, in order, and how.
   std::vector<Opened> opened;
@@ -97,6 +97,12 @@ class RecordedShell : public Shell {
   void send_media_command(std::string_view command) override;
   std::string class_of(std::string_view extension) const override;
   std::string find_on_path(std::string_view name) const override;
+  void make_screen_saver(std::string_view path) override {
+    calls.push_back("make screen saver " + std::string(path));
+  }
+  void close_windows(std::string_view title) override {
+    calls.push_back("close windows " + std::string(title));
+  }
 
   /// Files along the search path, name to full path.
   std::map<std::string, std::string, std::less<>> on_path;
@@ -176,17 +182,29 @@ class MemoryStage : public Stage {
   /// The pages printed.
   std::vector<std::string> printed;
   bool ended = false;
+  /// Of the screen, pixels of 15 twips.
+  int pixels_wide = 1920;
+  int pixels_high = 1080;
+  bool pointer_shown = true;
+  /// Runs at each step of colour.
+  std::function<void(Screen&)> during_paint;
   int dots_per_inch = 96;
   int form_dots_per_inch = 96;
 
   void pump() override;
   void run_modal(Screen& screen) override;
   void print(html::View& view) override;
-  double width() const override { return 1920 * 15; }
-  double height() const override { return 1080 * 15; }
+  double width() const override { return pixels_wide * 15; }
+  double height() const override { return pixels_high * 15; }
   int pixels_per_inch() const override { return dots_per_inch; }
   int form_pixels_per_inch() const override { return form_dots_per_inch; }
   double text_width(std::string_view text) const override;
+  /// Each character is half as wide as its size, and a line 1.2 times as high.
+  TextSize text_size(std::string_view text, const TextFont& font, double width) const override;
+  void paint_step(Screen& screen) override {
+    if (during_paint) during_paint(screen);
+  }
+  void show_pointer(bool shown) override { pointer_shown = shown; }
   void end_process() override { ended = true; }
 
  private:
