@@ -4,6 +4,8 @@
 # the faults of that exam. The sources are globbed so that the bank compiler itself tells which one
 # is missing.
 function(compile_banks target)
+  set(labs data/labs)
+  file(GLOB lab_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${labs}/*.toml)
   foreach(exam IN ITEMS egret falco heron lark merle robin wren)
     set(banks data/banks/${exam})
     set(content data/exams/${exam})
@@ -24,8 +26,8 @@ function(compile_banks target)
     add_custom_command(
       OUTPUT ${tables}
       COMMAND bank_compiler --exam ${exam} --banks ${banks} --content ${content} --book ${book}
-        ${set_book} --output ${tables} --depfile ${tables}.d
-      DEPENDS bank_compiler ${sources} ${content_files} ${chapters} ${pages}
+        --labs ${labs} ${set_book} --output ${tables} --depfile ${tables}.d
+      DEPENDS bank_compiler ${sources} ${content_files} ${chapters} ${lab_files} ${pages}
       DEPFILE ${tables}.d
       WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
       COMMENT "Compiling the banks of ${exam}"

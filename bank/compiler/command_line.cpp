@@ -4,11 +4,13 @@
 #include <array>
 #include <exception>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
 #include <vector>
 
+#include "bank_compiler/labs.h"
 #include "bank_compiler/rules.h"
 #include "bank_compiler/tool.h"
 #include "bank_compiler/writer.h"
@@ -20,11 +22,13 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view usage =
     "bank_compiler --exam EXAM --banks FOLDER --content FOLDER --book FOLDER --output FILE\n"
-    "              [--pages FILE] [--depfile FILE]\n"
-    "  writes the banks of an exam as C++ tables; without the page index of its book,\n"
+    "              [--labs FOLDER] [--pages FILE] [--depfile FILE]\n"
+    "  writes the banks of an exam as C++ tables; without the folder of labs, simulator and\n"
+    "  drag and drop questions are not held against it; without the page index of its book,\n"
     "  all references lead to page 1\n"
     "bank_compiler --check ROOT\n"
-    "  checks the banks of all exams under ROOT/data and lists what is still to be written\n";
+    "  checks the banks of all exams under ROOT/data, each for itself and against each other,\n"
+    "  and lists what is still to be written\n";
 
 ContentFiles files_in(const fs::path& folder) {
   ContentFiles files;
@@ -68,13 +72,16 @@ std::string in_depfile(const fs::path& file) {
 
 // Every file whose loss or change can change the outcome.
 std::string depfile_text(const fs::path& output, const fs::path& banks, const fs::path& content,
-                         const ContentFiles& files, const Chapters& chapters) {
+                         const ContentFiles& files, const ExamSource& exam) {
   std::string text = in_depfile(output) + ":";
   for (const BankKind kind : {BankKind::book, BankKind::extra, BankKind::full}) {
     text += " \\\n  " + in_depfile(bank_file(banks, kind));
   }
   for (const std::string& file : files) text += " \\\n  " + in_depfile(content / file);
-  for (const fs::path& file : chapters.files) text += " \\\n  " + in_depfile(file);
+  for (const fs::path& file : exam.chapters.files) text += " \\\n  " + in_depfile(file);
+  if (exam.labs != nullptr) {
+    for (const fs::path& file : exam.labs->files) text += " \\\n  " + in_depfile(file);
+  }
   return text + "\n";
 }
 
@@ -89,6 +96,11 @@ int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
   if (const auto pages = options.find("--pages"); pages != options.end()) {
     read_pages(pages->second, exam.chapters, faults);
   }
+  Labs labs;
+  if (const auto folder = options.find("--labs"); folder != options.end()) {
+    labs = read_labs(folder->second, labs_of(exam), {std::string(plan.exam)}, faults);
+    exam.labs = &labs;
+  }
   check_exam(exam, plan, files, faults, shortfalls);
   if (!faults.empty()) {
     print(faults, err);
@@ -98,25 +110,33 @@ int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
   if (!write_file(output, write_tables(exam, plan), err)) return 1;
   const auto depfile = options.find("--depfile");
   if (depfile == options.end()) return 0;
-  return write_file(depfile->second, depfile_text(output, banks, content, files, exam.chapters),
-                    err)
-             ? 0
-             : 1;
+  return write_file(depfile->second, depfile_text(output, banks, content, files, exam), err) ? 0
+                                                                                             : 1;
 }
 
 int check(const fs::path& root, std::ostream& out, std::ostream& err) {
   Faults faults;
   Shortfalls shortfalls;
   std::vector<ExamSource> exams;
+  std::set<std::string> lab_names;
+  std::set<std::string> exam_names;
   std::size_t rows = 0;
   for (const ExamPlan& plan : plans) {
     const fs::path banks = (root / "data" / "banks" / plan.exam).lexically_normal();
     exams.push_back(read_exam(banks, root / "data" / "books" / plan.exam, faults));
-    check_exam(exams.back(), plan, files_in(root / "data" / "exams" / plan.exam), faults,
-               shortfalls);
+    lab_names.merge(labs_of(exams.back()));
+    exam_names.emplace(plan.exam);
     rows += exams.back().book.rows.size() + exams.back().extra.rows.size();
   }
+  const Labs labs =
+      read_labs((root / "data" / "labs").lexically_normal(), lab_names, exam_names, faults);
+  for (std::size_t i = 0; i < plans.size(); ++i) {
+    exams[i].labs = &labs;
+    check_exam(exams[i], plans[i], files_in(root / "data" / "exams" / plans[i].exam), faults,
+               shortfalls);
+  }
   check_simulator_counts(exams, faults, shortfalls);
+  check_likeness(exams, faults);
   print(faults, err);
   for (const std::string& shortfall : shortfalls) out << shortfall << '\n';
   out << 3 * exams.size() << " banks, " << rows << " rows, ";
@@ -134,7 +154,7 @@ int run_options(const Options& options, std::ostream& out, std::ostream& err) {
   }
   constexpr std::array<std::string_view, 5> required{"--exam", "--banks", "--content", "--book",
                                                      "--output"};
-  constexpr std::array<std::string_view, 2> optional{"--pages", "--depfile"};
+  constexpr std::array<std::string_view, 3> optional{"--labs", "--pages", "--depfile"};
   const auto given = [&](std::string_view option) { return options.contains(option); };
   const auto known =
       std::ranges::count_if(required, given) + std::ranges::count_if(optional, given);

@@ -84,9 +84,11 @@ void check_exam(const ExamSource& exam, const ExamPlan& plan, const ContentFiles
   for (const BankSource* bank : {&exam.book, &exam.extra, &exam.full}) {
     check_head(*bank, plan, faults);
     check_rows(*bank, plan, content, faults);
+    check_evenness(*bank, faults);
   }
   check_full(exam, plan, faults);
   check_sections(exam, plan, faults, shortfalls);
+  check_labs(exam, plan, faults, shortfalls);
   check_counts(exam, plan, faults, shortfalls);
 }
 

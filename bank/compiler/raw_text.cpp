@@ -103,7 +103,7 @@ ReadableText make_readable(std::string_view bytes, const Reporter& report) {
   ReadableText result{.text = std::string(bytes)};
   if (const auto nul = bytes.find('\0'); nul != std::string_view::npos) {
     const auto line = 1 + std::ranges::count(bytes.substr(0, nul), '\n');
-    report(static_cast<int>(line), "a bank source must be text", "a byte of zero");
+    report(static_cast<int>(line), "a source must be text", "a byte of zero");
     return {.text = {}, .whole = false};
   }
   int line = 1;

@@ -27,19 +27,6 @@ bool is_key(std::string_view text) {
 // A "]" ends the key for the test run wherever it stands, so a value can not have one.
 bool is_value(std::string_view text) { return !is_blank(text) && text.find(']') == text.npos; }
 
-struct Condition {
-  std::string_view key;
-  std::string_view value;
-};
-
-Condition condition_in(std::string_view answer) {
-  const bool bracketed = answer.starts_with('[');
-  const auto end = answer.find(bracketed ? ']' : '=');
-  if (end == answer.npos) return {};
-  return {.key = answer.substr(bracketed ? 1 : 0, end - (bracketed ? 1 : 0)),
-          .value = answer.substr(end + 1)};
-}
-
 void check_condition(const TextEntry& answer, const Reporter& report) {
   if (!answer.value) return;
   const auto [key, value] = condition_in(*answer.value);
@@ -93,6 +80,16 @@ std::string_view entry_of(const TextList& list, std::size_t number) {
   return entry.value ? std::string_view(*entry.value) : std::string_view{};
 }
 
+Condition condition_in(std::string_view answer) {
+  const bool bracketed = answer.starts_with('[');
+  const auto end = answer.find(bracketed ? ']' : '=');
+  if (end == answer.npos) return {};
+  return {.key = answer.substr(bracketed ? 1 : 0, end - (bracketed ? 1 : 0)),
+          .value = answer.substr(end + 1)};
+}
+
+bool is_lab(std::string_view name) { return std::ranges::find(labs, name) != labs.end(); }
+
 bool is_marker(std::string_view diagram) {
   return std::ranges::find(markers, diagram) != markers.end();
 }
@@ -139,9 +136,11 @@ void check_drag_and_drop(const RowSource& row, const Reporter& report) {
 void check_simulator(const RowSource& row, const Reporter& report) {
   check_type_and_flags(row, "simulator", report);
   const std::string_view lab = entry_of(row.exhibits, 2);
-  if (row.exhibits.is_list && std::ranges::find(labs, lab) == labs.end()) {
-    report(row.exhibits.line > 0 ? row.exhibits.line : row.line,
-           "exhibits of a simulator question name a lab in entry 2", in_quotes(lab));
+  const int lab_line = row.exhibits.line > 0 ? row.exhibits.line : row.line;
+  if (row.exhibits.is_list && lab.empty()) {
+    report(lab_line, "exhibits of a simulator question name a lab in entry 2", in_quotes(lab));
+  } else if (row.exhibits.is_list && !is_lab(lab)) {
+    report(lab_line, "no lab of that name", in_quotes(lab));
   }
   if (row.clue.line == 0 || (row.clue.value && is_blank(*row.clue.value))) {
     report(row.clue.line > 0 ? row.clue.line : row.line, "a simulator question has a clue", "none");

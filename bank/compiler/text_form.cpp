@@ -1,7 +1,9 @@
 #include "bank_compiler/text_form.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <utility>
 
 namespace practice::compiler {
 namespace {
@@ -54,6 +56,39 @@ std::string_view trimmed(std::string_view text) {
 }
 
 bool is_blank(std::string_view text) { return trimmed(text).empty(); }
+
+std::string in_lower_case(std::string_view text) {
+  std::string result(text);
+  std::ranges::transform(result, result.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return result;
+}
+
+std::string shown_text(std::string_view html) {
+  constexpr std::array<std::pair<std::string_view, char>, 6> pieces{{
+      {"<br>", ' '},
+      {"&lt;", '<'},
+      {"&gt;", '>'},
+      {"&amp;", '&'},
+      {"&quot;", '"'},
+      {"&nbsp;", ' '},
+  }};
+  std::string result;
+  while (!html.empty()) {
+    const auto piece = std::ranges::find_if(
+        pieces, [&](const auto& known) { return html.starts_with(known.first); });
+    const auto end = html.starts_with("&#") ? html.find(';') : html.npos;
+    if (piece != pieces.end()) {
+      result += piece->second;
+      html.remove_prefix(piece->first.size());
+    } else {
+      result += end == html.npos ? html.front() : '?';
+      html.remove_prefix(end == html.npos ? 1 : end + 1);
+    }
+  }
+  return result;
+}
 
 std::optional<std::size_t> find_control(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {

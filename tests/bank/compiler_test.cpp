@@ -1,9 +1,5 @@
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <random>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,13 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include "bank_compiler/command_line.h"
 #include "bank_compiler/plan.h"
 #include "bank_compiler/reference.h"
 #include "bank_compiler/rules.h"
 #include "bank_compiler/source.h"
 #include "bank_compiler/text_form.h"
 #include "bank_compiler/writer.h"
+#include "compiler_testing.h"
 
 namespace practice::compiler {
 namespace {
@@ -112,12 +108,6 @@ constexpr ExamPlan small_plan{.exam = "heron",
 
 const ContentFiles small_content{"d12.png", "x101.txt"};
 
-std::string joined(const Faults& faults) {
-  std::string text;
-  for (const Fault& fault : faults) text += to_text(fault) + "\n";
-  return text;
-}
-
 struct Outcome {
   ExamSource exam;
   Faults faults;
@@ -136,16 +126,6 @@ Outcome check(std::string_view book, std::string_view extra, std::string_view fu
   check_exam(outcome.exam, plan, small_content, outcome.faults, outcome.shortfalls);
   sort_by_place(outcome.faults);
   return outcome;
-}
-
-// Fails the test unless `from` stands exactly once in the text; an empty one changes nothing.
-std::string changed(std::string_view text, std::string_view from, std::string_view to) {
-  std::string result(text);
-  if (from.empty()) return result;
-  const auto place = result.find(from);
-  EXPECT_NE(place, std::string::npos) << from;
-  EXPECT_EQ(result.find(from, place + 1), std::string::npos) << from;
-  return place == std::string::npos ? result : result.replace(place, from.size(), to);
 }
 
 constexpr auto book = BankKind::book;
@@ -447,7 +427,9 @@ INSTANTIATE_TEST_SUITE_P(
          marker_line + "\ncorrect = [1]",
          "extra.toml:31: a simulator question has no correct answers: 1\n"},
         {"ALabThatNobodyKnows", extra, "\"3550\"", "\"3551\"",
-         "extra.toml:29: exhibits of a simulator question name a lab in entry 2: \"3551\"\n"},
+         "extra.toml:29: no lab of that name: \"3551\"\n"},
+        {"ASimulatorQuestionWithoutALab", extra, "[\"x101.txt\", \"3550\"]", "[\"x101.txt\"]",
+         "extra.toml:29: exhibits of a simulator question name a lab in entry 2: \"\"\n"},
         {"ASimulatorQuestionWithoutAClue", extra,
          "clue = \"\"\"\nSwitch#vtp mode transparent\nSwitch#\"\"\"", "",
          "extra.toml:24: a simulator question has a clue: none\n"},
@@ -746,81 +728,6 @@ TEST(TheBankCompiler, WritesARowWithAllThatItHolds) {
             std::string::npos);
   EXPECT_NE(tables.find("constinit const ExamBanks heron_banks{\n"), std::string::npos);
 }
-
-// A folder of its own for each test, gone at its end.
-class TheBankCompilerProgram : public testing::Test {
- protected:
-  TheBankCompilerProgram() {
-    // Two builds may run their tests at the same time.
-    do {
-      root_ =
-          fs::temp_directory_path() / ("bank_compiler_" + std::to_string(std::random_device()()));
-    } while (!fs::create_directory(root_));
-  }
-  ~TheBankCompilerProgram() override { fs::remove_all(root_); }
-
-  void write(const fs::path& file, std::string_view text) const {
-    fs::create_directories((root_ / file).parent_path());
-    std::ofstream(root_ / file, std::ios::binary) << text;
-  }
-
-  std::string read(const fs::path& file) const {
-    std::ifstream stream(root_ / file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
-
-  // All banks of an exam with the categories that are planned for it, and no rows.
-  void write_exam(const ExamPlan& plan) const {
-    for (const BankKind kind : {book, extra, full}) {
-      const int count = kind == book    ? plan.book_categories
-                        : kind == extra ? plan.extra_categories
-                                        : plan.full_categories;
-      std::string text =
-          "[head]\nauthor_address = \"a@b.example\"\nexam_title = \"T\"\nexam_version = \"1\"\n";
-      if (kind != full || plan.full_has_description) text += "test_description = \"D\"\n";
-      const bool categories = kind != extra || plan.extra_has_categories;
-      text += std::string("has_categories = ") + (categories ? "true" : "false");
-      text += "\ncategories = [\n";
-      for (int i = 1; i <= count; ++i) text += "  \"" + category(plan, kind, i, count) + "\",\n";
-      write(fs::path("data/banks") / plan.exam / std::string(name_of(kind)).append(".toml"),
-            text + "]\n");
-    }
-  }
-
-  int call(const std::vector<std::string_view>& arguments) {
-    out_.str("");
-    err_.str("");
-    return run(arguments, out_, err_);
-  }
-
-  int compile_falco() {
-    const std::string banks = (root_ / "data/banks/falco").string();
-    const std::string content = (root_ / "data/exams/falco").string();
-    const std::string book_folder = (root_ / "data/books/falco").string();
-    const std::string pages = (root_ / "pages.toml").string();
-    const std::string output = (root_ / "made here/falco.cpp").string();
-    const std::string depfile = output + ".d";
-    std::vector<std::string_view> arguments{"--exam",    "falco", "--banks",   banks,
-                                            "--content", content, "--book",    book_folder,
-                                            "--output",  output,  "--depfile", depfile};
-    if (fs::exists(pages)) arguments.insert(arguments.end(), {"--pages", pages});
-    return call(arguments);
-  }
-
-  fs::path root_;
-  std::ostringstream out_;
-  std::ostringstream err_;
-
- private:
-  static std::string category(const ExamPlan& plan, BankKind kind, int number, int count) {
-    if (kind != book && number == count) return std::string(plan.last_extra_category);
-    if (kind == extra && plan.general_before_last && number == count - 1) return "General";
-    for (const FixedCategory& fixed : plan.fixed_categories) {
-      if (fixed.number == static_cast<std::size_t>(number)) return std::string(fixed.name);
-    }
-    return "Chapter " + std::to_string(number) + " Name";
-  }
-};
 
 TEST_F(TheBankCompilerProgram, ChecksAllExamsAndSumsThemUp) {
   for (const ExamPlan& plan : plans) write_exam(plan);

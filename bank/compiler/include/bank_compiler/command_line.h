@@ -1,7 +1,8 @@
 // The compiler of bank sources as a program.
 //
 //   bank_compiler --exam falco --banks data/banks/falco --content data/exams/falco
-//                 --output falco_banks.cpp [--depfile falco_banks.d]
+//                 --book data/books/falco --output falco_banks.cpp
+//                 [--labs data/labs] [--pages pages.toml] [--depfile falco_banks.d]
 //   bank_compiler --check ROOT
 #pragma once
 

@@ -14,11 +14,15 @@
 
 namespace practice::compiler {
 
+struct Labs;
+
 struct ExamSource {
   BankSource book{.kind = BankKind::book};
   BankSource extra{.kind = BankKind::extra};
   BankSource full{.kind = BankKind::full};
   Chapters chapters{};
+  /// Null when nothing is to be held against labs and exercises.
+  const Labs* labs = nullptr;
 };
 
 /// Names of the files in the exam's content folder.
@@ -40,6 +44,18 @@ void check_sections(const ExamSource& exam, const ExamPlan& plan, Faults& faults
 /// The full bank against the extra bank, and no question twice in the two banks it joins.
 void check_full(const ExamSource& exam, const ExamPlan& plan, Faults& faults);
 
+/// The names of the labs that the exam's simulator questions need, as far as such labs are planned.
+std::set<std::string> labs_of(const ExamSource& exam);
+
+/// Each simulator question against its lab, each drag and drop question against the exercises. What
+/// is not written yet is a shortfall.
+void check_labs(const ExamSource& exam, const ExamPlan& plan, Faults& faults,
+                Shortfalls& shortfalls);
+
+/// In a bank that is large enough to tell, the place and the length of the right choice give no
+/// hint.
+void check_evenness(const BankSource& bank, Faults& faults);
+
 /// More than planned is a fault, less a shortfall.
 void check_counts(const ExamSource& exam, const ExamPlan& plan, Faults& faults,
                   Shortfalls& shortfalls);
@@ -50,5 +66,8 @@ void check_exam(const ExamSource& exam, const ExamPlan& plan, const ContentFiles
 /// Across all exams: one of them, and no more, has a simulator question above the usual number.
 void check_simulator_counts(const std::vector<ExamSource>& exams, Faults& faults,
                             Shortfalls& shortfalls);
+
+/// Across all exams: no two questions that differ in a few words only.
+void check_likeness(const std::vector<ExamSource>& exams, Faults& faults);
 
 }  // namespace practice::compiler

@@ -32,6 +32,14 @@ struct ListEntry {
   std::vector<Entry<T>> entries{};
 };
 
+/// Lists in a list.
+template <typename T>
+struct NestedEntry {
+  int line = 0;
+  bool is_list = true;
+  std::vector<ListEntry<T>> lists{};
+};
+
 using TextEntry = Entry<std::string>;
 using NumberEntry = Entry<std::int64_t>;
 using TextList = ListEntry<std::string>;

@@ -20,6 +20,13 @@ std::size_t character_count(std::string_view text);
 std::string_view trimmed(std::string_view text);
 bool is_blank(std::string_view text);
 
+/// ASCII letters only.
+std::string in_lower_case(std::string_view text);
+
+/// An HTML fragment as a reader sees it: a blank for <br>, and one character for an entity, which
+/// is a question mark for those that are numbers.
+std::string shown_text(std::string_view html);
+
 /// Place of the first control character, tabs and line breaks among them.
 std::optional<std::size_t> find_control(std::string_view text);
 
