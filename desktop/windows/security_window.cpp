@@ -5,17 +5,27 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 
 #include "desk.h"
 #include "windows/windows.h"
 
 namespace practice::desktop {
+namespace {
+
+constexpr std::string_view parts_of_the_cards[] = {"Label2", "text1", "cmd_main", "cmd_next",
+                                                   "Command3"};
+
+}  // namespace
 
 void SecurityWindow::arrange() {
   QPalette ground = centralWidget()->palette();
   ground.setColor(QPalette::Window, Qt::black);
   centralWidget()->setPalette(ground);
   centralWidget()->setAutoFillBackground(true);
+  put_into_frame();
   if (screen().covers_the_desk) {
     arrange_saver();
   } else {
@@ -23,25 +33,26 @@ void SecurityWindow::arrange() {
   }
 }
 
-void SecurityWindow::arrange_saver() {
+// All of the saver lies in its frame, which hides it, or covers the cards.
+void SecurityWindow::put_into_frame() {
   QWidget* frame = widget("Frame1");
+  place("Frame1");
   frame->setPalette(centralWidget()->palette());
   frame->setAutoFillBackground(true);
-  place("Frame1");
   for (const ControlEntry& entry : screen().controls()) {
     QWidget* part = widget(entry.name, entry.index);
-    if (part == nullptr || part == frame) continue;
+    const bool is_of_the_cards =
+        std::ranges::find(parts_of_the_cards, entry.name) != std::end(parts_of_the_cards);
+    if (part == nullptr || part == frame || is_of_the_cards) continue;
     place(entry.name, entry.index, frame);
     // The mouse is over the frame wherever it is.
     part->setAttribute(Qt::WA_TransparentForMouseEvents);
   }
-  for (const char* name : {"Label2", "text1", "cmd_main", "cmd_next", "Command3"}) {
-    widget(name)->setParent(centralWidget());
-    widget(name)->lower();
-  }
-  frame->raise();
-  widget("Picture1")->raise();
-  widget("img_cp")->raise();
+}
+
+void SecurityWindow::arrange_saver() {
+  for (const std::string_view name : parts_of_the_cards) widget(name)->lower();
+  for (const char* name : {"Picture1", "img_cp"}) widget(name)->raise();
   if (QWindow* host = desk().saver_host) {
     winId();
     windowHandle()->setParent(host);

@@ -51,6 +51,7 @@ class ExhibitWindow : public ScreenWindow {
 class SecurityWindow : public ScreenWindow {
   using ScreenWindow::ScreenWindow;
   void arrange() override;
+  void put_into_frame();
   void arrange_saver();
   void arrange_cards();
 };

@@ -148,6 +148,26 @@ TEST_F(QtPlatformTest, AnAddressIsKnownWhateverItsCase) {
   EXPECT_EQ(desktop.source().host(), QStringLiteral("notes.example"));
 }
 
+// Escapes stay what they are, and what stands plain is escaped for the mail program.
+TEST_F(QtPlatformTest, AMailReachesTheDesktopWithItsSubjectAndItsLines) {
+  QTextBrowser desktop;
+  QDesktopServices::setUrlHandler(QStringLiteral("mailto"), &desktop, "setSource");
+  const bool opened =
+      QtShell().open("mailto:?subject= History Report for ANNA &BODY=8%25 right%0d%0aEnd", {},
+                     WindowShow::normal) > 32;
+  const QUrl history = desktop.source();
+  QtShell().open(
+      "mailto:a.b@brightwater.example?subject=46000 QuestionID=7  (v5.20) &cc=&BODY=Note", {},
+      WindowShow::normal);
+  QDesktopServices::unsetUrlHandler(QStringLiteral("mailto"));
+  EXPECT_TRUE(opened);
+  EXPECT_EQ(history.toEncoded().toStdString(),
+            "mailto:?subject=%20History%20Report%20for%20ANNA%20&BODY=8%25%20right%0D%0AEnd");
+  EXPECT_EQ(desktop.source().toEncoded().toStdString(),
+            "mailto:a.b@brightwater.example?subject=46000%20QuestionID=7%20%20(v5.20)%20&cc=&BODY="
+            "Note");
+}
+
 TEST_F(QtPlatformTest, OpeningAFileThatIsNotThereIsNoSuccess) {
   EXPECT_LT(QtShell().open("none.txt", {}, WindowShow::normal), 33);
 }

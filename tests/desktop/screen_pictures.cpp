@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QTimer>
+#include <algorithm>
 #include <iostream>
 #include <set>
 
@@ -124,6 +125,57 @@ TEST_F(ScreenPictures, OfEveryKindOfQuestion) {
   }
   EXPECT_GE(taken.size(), 5u);
   take("finalscore", "final_score");
+}
+
+TEST_F(ScreenPictures, OfFinalScores) {
+  const auto take_score = [&](const char* command_line, int quiz, bool rightly, const char* name) {
+    start_test(command_line, quiz);
+    run().question_total = std::min<int>(run().question_total, 5);
+    while (quest().visible) {
+      const Question& question = application->program().current_question;
+      if (run().question_kind == kind::fill_in && rightly) {
+        quest().WebBrowser1.view.document.input("txt_fill")->value = question.answers[1];
+      } else if (rightly && is_simulator_marker(question.diagrams[1])) {
+        files.write("OUT.ini", "[Answer]\r\nresult=Success\r\n");
+      }
+      answer(rightly);
+      click("quest", "cmd_buttons", 0);
+    }
+    take("finalscore", name);
+    end();
+  };
+  take_score("46000", 1, true, "final_score_perfect");
+  take_score("46000", 1, false, "final_score_bad");
+  take_score("46002", 2, true, "final_score_without_categories");
+}
+
+TEST_F(ScreenPictures, OfTheStudySaver) {
+  launch("aaaa46004");
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window("Security")));
+  const auto tick = [&](int times) {
+    for (int i = 0; i < times; ++i) {
+      desk->enter([&] { application->security().find("FadeTimer")->click(); });
+    }
+  };
+  tick(2);
+  take("Security", "saver_hidden");
+  tick(1);
+  take("Security", "saver_question");
+  tick(3);
+  take("Security", "saver_answers");
+  tick(6);
+  take("Security", "saver_right_answer");
+  tick(3);
+  take("Security", "saver_faded");
+}
+
+TEST_F(ScreenPictures, OfFlashCards) {
+  start("46004");
+  click("Welcome", "Image4", 0);
+  click("pick_a_quiz", "cmd_flashcards");
+  take("Security", "flash_card_question");
+  click("Security", "cmd_main");
+  take("Security", "flash_card_answer");
 }
 
 TEST_F(ScreenPictures, OfAnswers) {
