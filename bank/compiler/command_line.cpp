@@ -114,6 +114,18 @@ int compile(const ExamPlan& plan, const Options& options, std::ostream& err) {
                                                                                              : 1;
 }
 
+// Book, extra and full bank.
+std::string summary_of(const ExamSource& exam) {
+  const std::size_t book = exam.book.rows.size();
+  const std::size_t extra = exam.extra.rows.size();
+  const auto categories = [](const BankSource& bank) {
+    return std::to_string(bank.head.categories.entries.size());
+  };
+  return std::to_string(book) + ", " + std::to_string(extra) + ", " + std::to_string(book + extra) +
+         " rows, " + categories(exam.book) + ", " + categories(exam.extra) + ", " +
+         categories(exam.full) + " categories";
+}
+
 int check(const fs::path& root, std::ostream& out, std::ostream& err) {
   Faults faults;
   Shortfalls shortfalls;
@@ -139,6 +151,9 @@ int check(const fs::path& root, std::ostream& out, std::ostream& err) {
   check_likeness(exams, faults);
   print(faults, err);
   for (const std::string& shortfall : shortfalls) out << shortfall << '\n';
+  for (std::size_t i = 0; i < plans.size(); ++i) {
+    out << plans[i].exam << ": " << summary_of(exams[i]) << '\n';
+  }
   out << 3 * exams.size() << " banks, " << rows << " rows, ";
   if (faults.empty()) {
     out << "no rule broken\n";

@@ -735,6 +735,7 @@ TEST_F(TheBankCompilerProgram, ChecksAllExamsAndSumsThemUp) {
   EXPECT_EQ(err_.str(), "");
   EXPECT_TRUE(out_.str().starts_with("falco text: 0 of 20 chapters\nfalco book: 0 of 242 rows\n"))
       << out_.str();
+  EXPECT_NE(out_.str().find("\nwren: 0, 0, 0 rows, 16, 15, 17 categories\n"), std::string::npos);
   EXPECT_TRUE(out_.str().ends_with("21 banks, 0 rows, no rule broken\n")) << out_.str();
 }
 
