@@ -72,6 +72,18 @@ void check_list_length(const TextList& list, const char* name, const Reporter& r
          std::to_string(list.entries.size()));
 }
 
+// A question that sends a student to an exhibit or a diagram has one.
+void check_mention(const RowSource& row, std::string_view words, const TextList& files,
+                   const Reporter& report) {
+  if (!row.question.value || row.question.value->find(words) == std::string::npos) return;
+  if (std::ranges::any_of(files.entries, [](const TextEntry& entry) {
+        return entry.value && !entry.value->empty();
+      })) {
+    return;
+  }
+  report(row.question.line, "a question that refers to it has it", in_quotes(words));
+}
+
 }  // namespace
 
 std::string_view entry_of(const TextList& list, std::size_t number) {
@@ -106,6 +118,8 @@ bool has_explanation(const RowSource& row) {
 }
 
 void check_files(const RowSource& row, const ContentFiles& content, const Reporter& report) {
+  check_mention(row, "Refer to the exhibit", row.exhibits, report);
+  check_mention(row, "Refer to the diagram", row.diagrams, report);
   check_list_length(row.exhibits, "exhibits", report);
   check_list_length(row.diagrams, "diagrams", report);
   const RowKind kind = kind_of(row);
