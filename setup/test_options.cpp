@@ -48,7 +48,7 @@ void PickAQuiz::restore_options() {
   keep_robin_in_book_order();
 }
 
-// ROBIN's explanations speak of the answers by their letters.
+// ROBIN's questions, and their choices, keep the order of its book.
 void PickAQuiz::keep_robin_in_book_order() {
   if (program_.catalogue.exam_code != robin) return;
   random_answers.value = 0;
