@@ -28,7 +28,7 @@ constexpr std::string_view usage =
     "  all references lead to page 1\n"
     "bank_compiler --check ROOT\n"
     "  checks the banks of all exams under ROOT/data, each for itself and against each other,\n"
-    "  and lists what is still to be written\n";
+    "  and lists what is missing, which is as bad as a broken rule\n";
 
 ContentFiles files_in(const fs::path& folder) {
   ContentFiles files;
@@ -155,12 +155,14 @@ int check(const fs::path& root, std::ostream& out, std::ostream& err) {
     out << plans[i].exam << ": " << summary_of(exams[i]) << '\n';
   }
   out << 3 * exams.size() << " banks, " << rows << " rows, ";
-  if (faults.empty()) {
-    out << "no rule broken\n";
-  } else {
+  if (!faults.empty()) {
     out << faults.size() << (faults.size() == 1 ? " fault\n" : " faults\n");
+  } else if (!shortfalls.empty()) {
+    out << "not complete\n";
+  } else {
+    out << "no rule broken\n";
   }
-  return faults.empty() ? 0 : 1;
+  return faults.empty() && shortfalls.empty() ? 0 : 1;
 }
 
 int run_options(const Options& options, std::ostream& out, std::ostream& err) {

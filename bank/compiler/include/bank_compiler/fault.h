@@ -1,5 +1,5 @@
 // What the compiler of bank sources has to say: faults, which stop the build, and shortfalls, which
-// tell what is still to be written.
+// tell what is missing: an author may build without it, but all exams together are refused.
 #pragma once
 
 #include <string>
